@@ -1,0 +1,68 @@
+#include "core/writeholderlock.h"
+
+#include <QtCore/qthread.h>
+
+namespace Velmora::Framework {
+
+bool WriteHolderLock::isWriteLockHolder() const
+{
+    // The holder test is "write count non-zero and holder is current". The holder pointer is
+    // set after the count rises and cleared before it falls to zero, so the pointer alone
+    // answers it for the current thread.
+    return m_writeHolder.load(std::memory_order_relaxed) == QThread::currentThread();
+}
+
+void WriteHolderLock::lockForRead()
+{
+    if (isWriteLockHolder()) {
+        QMutexLocker locker(&m_guard);
+        ++m_holderReadCount;
+        return;
+    }
+    m_rwLock.lockForRead();
+}
+
+void WriteHolderLock::unlockRead()
+{
+    if (!isWriteLockHolder()) {
+        m_rwLock.unlock();
+        return;
+    }
+    QMutexLocker locker(&m_guard);
+    if (m_holderReadCount == 0) {
+        qDebug("Error: Holder thread attempt to unlock read while refcount is already 0");
+        return;
+    }
+    --m_holderReadCount;
+}
+
+void WriteHolderLock::lockForWrite()
+{
+    if (isWriteLockHolder()) {
+        QMutexLocker locker(&m_guard);
+        ++m_writeCount;
+        return;
+    }
+    m_rwLock.lockForWrite();
+    QMutexLocker locker(&m_guard);
+    ++m_writeCount;
+    m_writeHolder.store(QThread::currentThread(), std::memory_order_relaxed);
+}
+
+void WriteHolderLock::unlockWrite()
+{
+    if (!isWriteLockHolder()) {
+        qDebug("Error: Non-holder thread attempt to unlock the write lock");
+        return;
+    }
+    QMutexLocker locker(&m_guard);
+    if (--m_writeCount != 0)
+        return;
+    m_writeHolder.store(nullptr, std::memory_order_relaxed);
+    // Releasing never blocks, so it is safe under the guard.
+    m_rwLock.unlock();
+    if (m_holderReadCount != 0)
+        qDebug("Non-zero write holder read count at write unlock");
+}
+
+} // namespace Velmora::Framework

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QtCore/qglobal.h>
+
+#if defined(VELMORA_FRAMEWORK_LIBRARY)
+#  define VELMORA_FRAMEWORK_EXPORT Q_DECL_EXPORT
+#elif defined(VELMORA_FRAMEWORK_STATIC)
+#  define VELMORA_FRAMEWORK_EXPORT
+#else
+#  define VELMORA_FRAMEWORK_EXPORT Q_DECL_IMPORT
+#endif

@@ -1,0 +1,202 @@
+#include "testsupport.h"
+#include "worker.h"
+
+#include "core/deadlockfreelock.h"
+
+
+using namespace Velmora::Framework;
+
+namespace {
+
+constexpr int timeout = Velmora::Tests::threadTimeout;
+using Velmora::Tests::await;
+using Velmora::Tests::Worker;
+
+// Exposes the read book, which only a derived lock may see.
+class InspectableLock : public DeadlockFreeLock
+{
+public:
+    using DeadlockFreeLock::readerBook;
+};
+
+// True when another thread could take a read lock now; gives it back at once.
+bool readableFromAnotherThread(DeadlockFreeLock &lock)
+{
+    bool readable = false;
+    Worker probe([&] {
+        readable = lock.tryLockForRead();
+        if (readable)
+            lock.unlockRead();
+    });
+    probe.join();
+    return readable;
+}
+
+} // namespace
+
+class tst_DeadlockFreeLock : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { Velmora::Tests::failOnUnexpectedWarnings(); }
+
+    void reentrantReadPassesWaitingWriter();
+    void writerReentersAndReads();
+    void tryLocksAnswerAtOnce();
+    void nonHolderUnlockWriteIsIgnored();
+    void readerBookKeepsOrder();
+};
+
+void tst_DeadlockFreeLock::reentrantReadPassesWaitingWriter()
+{
+    DeadlockFreeLock lock;
+    QSemaphore readHeld, reentered, release, writerLocked;
+
+    Worker reader([&] {
+        lock.lockForRead();
+        readHeld.release();
+        await(release);
+        lock.lockForRead(); // a plain reader/writer lock would queue behind the writer here
+        reentered.release();
+        await(release);
+        lock.unlockRead();
+        lock.unlockRead();
+    });
+    QVERIFY(readHeld.tryAcquire(1, timeout));
+
+    Worker writer([&] {
+        lock.lockForWrite();
+        writerLocked.release();
+        lock.unlockWrite();
+    });
+    // Once the writer waits, a new reader is refused.
+    QTRY_VERIFY_WITH_TIMEOUT(!readableFromAnotherThread(lock), timeout);
+
+    release.release();
+    QVERIFY(reentered.tryAcquire(1, timeout));
+    QVERIFY(!writerLocked.tryAcquire(1, 0));
+    release.release();
+    QVERIFY(writerLocked.tryAcquire(1, timeout));
+}
+
+void tst_DeadlockFreeLock::writerReentersAndReads()
+{
+    InspectableLock lock;
+    QVERIFY(!lock.isWriteLockHolder());
+
+    lock.lockForWrite();
+    lock.lockForWrite();
+    QVERIFY(lock.tryLockForWrite());
+    for (int i = 0; i < 3; ++i)
+        lock.lockForRead();
+    QVERIFY(lock.tryLockForRead());
+    QVERIFY(lock.isWriteLockHolder());
+    QCOMPARE(lock.readerBook().size(), 1);
+    QCOMPARE(lock.readerBook().at(0).second, 4);
+
+    for (int i = 0; i < 4; ++i)
+        lock.unlockRead();
+    QVERIFY(lock.readerBook().isEmpty());
+    // The writer's reads are books only: the lock stays in write mode until the last unlock.
+    QVERIFY(!readableFromAnotherThread(lock));
+    lock.unlockWrite();
+    lock.unlockWrite();
+    QVERIFY(lock.isWriteLockHolder());
+    QVERIFY(!readableFromAnotherThread(lock));
+    lock.unlockWrite();
+    QVERIFY(!lock.isWriteLockHolder());
+    QVERIFY(readableFromAnotherThread(lock));
+}
+
+void tst_DeadlockFreeLock::tryLocksAnswerAtOnce()
+{
+    DeadlockFreeLock lock;
+    QSemaphore held, release;
+
+    {
+        Worker writer([&] {
+            lock.lockForWrite();
+            held.release();
+            await(release);
+            lock.unlockWrite();
+        });
+        QVERIFY(held.tryAcquire(1, timeout));
+        QVERIFY(!lock.isWriteLockHolder());
+        QVERIFY(!lock.tryLockForRead());
+        QVERIFY(!lock.tryLockForWrite());
+        release.release();
+    }
+    {
+        Worker reader([&] {
+            lock.lockForRead();
+            held.release();
+            await(release);
+            lock.unlockRead();
+        });
+        QVERIFY(held.tryAcquire(1, timeout));
+        QVERIFY(!lock.tryLockForWrite());
+        QVERIFY(lock.tryLockForRead()); // no writer waits, so readers share
+        lock.unlockRead();
+        release.release();
+    }
+    QVERIFY(lock.tryLockForWrite());
+    lock.unlockWrite();
+}
+
+void tst_DeadlockFreeLock::nonHolderUnlockWriteIsIgnored()
+{
+    VELMORA_SKIP_IF_MESSAGES_RESHAPED();
+    DeadlockFreeLock lock;
+    QTest::ignoreMessage(QtDebugMsg, "Error: Non-holder thread attempt to unlock the write lock");
+    lock.unlockWrite();
+    QVERIFY(lock.tryLockForWrite());
+
+    // This thread only waits while the stranger logs, so the pin is not raced.
+    QTest::ignoreMessage(QtDebugMsg, "Error: Non-holder thread attempt to unlock the write lock");
+    Worker stranger([&] { lock.unlockWrite(); });
+    stranger.join();
+    QVERIFY(lock.isWriteLockHolder());
+    QVERIFY(!readableFromAnotherThread(lock));
+    lock.unlockWrite();
+    QVERIFY(readableFromAnotherThread(lock));
+}
+
+void tst_DeadlockFreeLock::readerBookKeepsOrder()
+{
+    InspectableLock lock;
+    QSemaphore held, releaseB, releaseAC, doneB;
+    QThread *threadA = nullptr, *threadC = nullptr;
+
+    auto reader = [&](QThread **self, QSemaphore &release, int depth) {
+        return [&, self, depth] {
+            if (self)
+                *self = QThread::currentThread();
+            for (int i = 0; i < depth; ++i)
+                lock.lockForRead();
+            held.release();
+            await(release);
+            for (int i = 0; i < depth; ++i)
+                lock.unlockRead();
+        };
+    };
+    Worker a(reader(&threadA, releaseAC, 1));
+    QVERIFY(held.tryAcquire(1, timeout));
+    Worker b(reader(nullptr, releaseB, 2));
+    QVERIFY(held.tryAcquire(1, timeout));
+    Worker c(reader(&threadC, releaseAC, 1));
+    QVERIFY(held.tryAcquire(1, timeout));
+
+    QCOMPARE(lock.readerBook().size(), 3);
+    QCOMPARE(lock.readerBook().at(1).second, 2);
+    releaseB.release();
+    b.join();
+    const auto book = lock.readerBook();
+    QCOMPARE(book.size(), 2);
+    QCOMPARE(book.at(0), std::make_pair(threadA, 1));
+    QCOMPARE(book.at(1), std::make_pair(threadC, 1));
+    releaseAC.release(2);
+}
+
+VELMORA_TEST(tst_DeadlockFreeLock);
+#include "tst_deadlockfreelock.moc"

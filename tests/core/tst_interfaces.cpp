@@ -1,0 +1,173 @@
+#include "testsupport.h"
+
+#include "core/actionhandler.h"
+#include "core/deadlockfreelock.h"
+#include "core/defaultaggregatable.h"
+#include "core/defaultfileaugmentable.h"
+#include "core/defaultgenericaugmentable.h"
+#include "core/orderedif.h"
+
+#include <QtCore/qsignalmapper.h>
+#include <QtGui/qaction.h>
+#include <QtTest/qsignalspy.h>
+
+#include <algorithm>
+#include <memory>
+
+using namespace Velmora::Framework;
+
+namespace {
+
+class RecordingHandler : public ActionHandler
+{
+public:
+    QString augmentInterfaceId() override { return {}; }
+    bool handleCommand(const QString &, const QList<ViewItem *> &, const QVariant &) override
+    {
+        return false;
+    }
+};
+
+// What a query answers, as the raw address of the part it named.
+void *answer(IBase *object, const char *iid)
+{
+    IBase *out = reinterpret_cast<IBase *>(quintptr(1)); // must be overwritten
+    const bool found = object->queryInterface(iid, &out);
+    if (found != (out != nullptr))
+        return reinterpret_cast<void *>(quintptr(2)); // result and pointer disagree
+    return out;
+}
+
+} // namespace
+
+class tst_Interfaces : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { Velmora::Tests::failOnUnexpectedWarnings(); }
+
+    void queryRule_data();
+    void queryRule();
+    void queryOfLockAnswersOnlyQObject();
+    void interfaceCastReturnsTheNamedPart();
+    void orderedIfSortsStably();
+    void hookupHandlerMapsCommands();
+};
+
+void tst_Interfaces::queryRule_data()
+{
+    QTest::addColumn<QByteArray>("iid");
+    QTest::addColumn<QString>("expected"); // "object", "interface", "base" or "none"
+
+    QTest::newRow("class name") << QByteArray("Velmora::Framework::DefaultAggregatable") << "object";
+    QTest::newRow("bare interface name") << QByteArray("IAggregatable") << "interface";
+    QTest::newRow("bare IBase, an indirect base") << QByteArray("IBase") << "base";
+    QTest::newRow("identifier") << QByteArray("IAggregatable.Types.Velmora.Orvane") << "interface";
+    QTest::newRow("IBase identifier") << QByteArray("IBase.Velmora.Orvane") << "base";
+    QTest::newRow("QObject falls through") << QByteArray("QObject") << "object";
+    QTest::newRow("identifier in other case") << QByteArray("iaggregatable.types.velmora.orvane") << "none";
+    QTest::newRow("identifier without suffix") << QByteArray("IAggregatable.Types") << "none";
+    QTest::newRow("unqualified class name") << QByteArray("DefaultAggregatable") << "none";
+    QTest::newRow("another interface") << QByteArray("ITypeGeneric.Types.Velmora.Orvane") << "none";
+    QTest::newRow("empty") << QByteArray("") << "none";
+}
+
+void tst_Interfaces::queryRule()
+{
+    QFETCH(QByteArray, iid);
+    QFETCH(QString, expected);
+
+    DefaultAggregatable object;
+    void *expectedPart = nullptr;
+    if (expected == QLatin1String("object"))
+        expectedPart = static_cast<QObject *>(&object);
+    else if (expected == QLatin1String("interface"))
+        expectedPart = static_cast<IAggregatable *>(&object);
+    else if (expected == QLatin1String("base"))
+        expectedPart = static_cast<IBase *>(&object);
+    QCOMPARE(answer(&object, iid.constData()), expectedPart);
+
+    IBase *out = &object;
+    QVERIFY(!object.queryInterface(nullptr, &out));
+    QCOMPARE(out, nullptr);
+}
+
+void tst_Interfaces::queryOfLockAnswersOnlyQObject()
+{
+    DeadlockFreeLock lock;
+    QCOMPARE(answer(&lock, "QObject"), static_cast<QObject *>(&lock));
+    for (const char *iid : {"IBase", "IBase.Velmora.Orvane", "IDeadlockFreeLock",
+                            "Velmora::Framework::DeadlockFreeLock"}) {
+        QCOMPARE(answer(&lock, iid), nullptr);
+    }
+}
+
+void tst_Interfaces::interfaceCastReturnsTheNamedPart()
+{
+    DefaultFileAugmentable file;
+    DefaultGenericAugmentable generic;
+
+    QCOMPARE(interfaceCast<IAugmentableFile>(&file), static_cast<IAugmentableFile *>(&file));
+    QCOMPARE(interfaceCast<IAugmentableGeneric>(&generic),
+             static_cast<IAugmentableGeneric *>(&generic));
+    QCOMPARE(interfaceCast<IAugmentableGeneric>(&file), nullptr);
+    QCOMPARE(interfaceCast<IBase>(&file), static_cast<IBase *>(&file));
+    QCOMPARE(answer(&file, "IAugmentableFile"), answer(&file, VELMORA_IID_IAUGMENTABLEFILE));
+    QCOMPARE(answer(&generic, "Velmora::Framework::DefaultGenericAugmentable"),
+             static_cast<QObject *>(&generic));
+    QCOMPARE(interfaceCast<IBase>(nullptr), nullptr);
+
+    // The defaults answer every hook with true, through the interface as plug-ins call them.
+    IAugmentableFile *f = interfaceCast<IAugmentableFile>(&file);
+    QVERIFY(f->canOpen({}, {}) && f->afterSave({}, {}) && f->beforeClose({}, 1) && f->afterClear({}, {}));
+    IAugmentableGeneric *g = interfaceCast<IAugmentableGeneric>(&generic);
+    QVERIFY(g->canAddNew({}, {}) && g->beforeRemove({}, {}) && g->afterPaste({}, {})
+            && g->canRename({}, QStringLiteral("x")));
+}
+
+void tst_Interfaces::orderedIfSortsStably()
+{
+    DefaultAggregatable a, b, c;
+    std::vector<std::unique_ptr<OrderedIf>> owned;
+    QList<OrderedIf *> list;
+    for (auto [iface, order] : {std::pair<IBase *, int>{&a, 5}, {&b, -1}, {&c, 5}}) {
+        owned.push_back(std::make_unique<OrderedIf>(iface, order));
+        list.append(owned.back().get());
+    }
+    std::stable_sort(list.begin(), list.end(), &OrderedIf::ascendingSort);
+    QCOMPARE(list.at(0)->iface(), static_cast<IBase *>(&b));
+    QCOMPARE(list.at(1)->iface(), static_cast<IBase *>(&a));
+    QCOMPARE(list.at(2)->iface(), static_cast<IBase *>(&c));
+
+    const OrderedIf copy(*list.at(0));
+    QCOMPARE(copy.iface(), list.at(0)->iface());
+    QCOMPARE(copy.order(), -1);
+}
+
+void tst_Interfaces::hookupHandlerMapsCommands()
+{
+    RecordingHandler handler;
+    QSignalSpy commands(handler.mapper(), &QSignalMapper::mappedString);
+    QAction first, second;
+
+    QVERIFY(!handler.hookupHandler(nullptr, QStringLiteral("cmdCut")));
+    QVERIFY(!handler.hookupHandler(&first, QString()));
+    first.trigger();
+    QCOMPARE(commands.size(), 0);
+
+    QVERIFY(handler.hookupHandler(&first, QStringLiteral("cmdCut")));
+    QVERIFY(handler.hookupHandler(&second, QStringLiteral("cmdCopy")));
+    QVERIFY(handler.hookupHandler(&first, QStringLiteral("cmdPaste")));
+    first.trigger();
+    second.trigger();
+    QCOMPARE(commands.size(), 2);
+    QCOMPARE(commands.at(0).at(0).toString(), QStringLiteral("cmdPaste"));
+    QCOMPARE(commands.at(1).at(0).toString(), QStringLiteral("cmdCopy"));
+
+    QCOMPARE(handler.qt_metacast("IHandler"), static_cast<void *>(static_cast<IHandler *>(&handler)));
+    QCOMPARE(handler.qt_metacast("Velmora::Framework::ActionHandler"), static_cast<void *>(&handler));
+}
+
+VELMORA_TEST(tst_Interfaces);
+#include "tst_interfaces.moc"

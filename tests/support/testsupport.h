@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QtCore/qbytearray.h>
+#include <QtCore/qobject.h>
+#include <QtCore/qregularexpression.h>
+#include <QtTest/qtest.h>
+
+#include <functional>
+
+namespace Velmora::Tests {
+
+using TestFactory = std::function<QObject *()>;
+
+// Adds a test class to the area's executable; see VELMORA_TEST below.
+int registerTest(const char *name, TestFactory factory);
+
+// Call from every test class's init(): a warning that no QTest::ignoreMessage pinned fails
+// the test function.
+inline void failOnUnexpectedWarnings()
+{
+    // Qt 6.4 has no argument-less overload; the pattern works on both.
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+}
+
+// Pinned texts only match when nothing reshapes or filters Qt's messages.
+inline bool messagesReshaped()
+{
+    return qEnvironmentVariableIsSet("QT_LOGGING_RULES")
+        || qEnvironmentVariableIsSet("QT_MESSAGE_PATTERN");
+}
+
+} // namespace Velmora::Tests
+
+#define VELMORA_SKIP_IF_MESSAGES_RESHAPED()                                                   \
+    do {                                                                                      \
+        if (Velmora::Tests::messagesReshaped())                                               \
+            QSKIP("QT_LOGGING_RULES or QT_MESSAGE_PATTERN reshape the pinned messages");      \
+    } while (false)
+
+#define VELMORA_TEST(TestClass)                                                               \
+    static const int velmoraRegistered##TestClass =                                           \
+        Velmora::Tests::registerTest(#TestClass, [] { return new TestClass; })
