@@ -1,5 +1,7 @@
 #include "core/deadlockfreelock.h"
 
+#include "core/rwlocktracing_p.h"
+
 #include <QtCore/qlist.h>
 #include <QtCore/qmutex.h>
 #include <QtCore/qreadwritelock.h>
@@ -12,6 +14,8 @@ namespace Velmora::Framework {
 class DeadlockFreeLockPrivate
 {
 public:
+    ~DeadlockFreeLockPrivate() { Internal::forgetRw(rwLock); }
+
     int indexOfReader(QThread *thread) const
     {
         for (int i = 0; i < readers.size(); ++i) {
@@ -90,9 +94,9 @@ void DeadlockFreeLock::lockForRead()
     }
     const int index = d->indexOfReader(QThread::currentThread());
     // A re-entrant read must not queue behind a waiting writer, so it skips rwLock.
-    if (index == -1 && !d->rwLock.tryLockForRead()) {
+    if (index == -1 && !Internal::tryLockRw(d->rwLock, Internal::LockMode::Read)) {
         d->guard.unlock();
-        d->rwLock.lockForRead();
+        Internal::lockRw(d->rwLock, Internal::LockMode::Read);
         d->guard.lock();
     }
     incrementReadReference(index);
@@ -107,7 +111,7 @@ bool DeadlockFreeLock::tryLockForRead()
         return true;
     }
     const int index = d->indexOfReader(QThread::currentThread());
-    if (index == -1 && !d->rwLock.tryLockForRead())
+    if (index == -1 && !Internal::tryLockRw(d->rwLock, Internal::LockMode::Read))
         return false;
     incrementReadReference(index);
     return true;
@@ -122,7 +126,7 @@ void DeadlockFreeLock::lockForWrite()
         return;
     }
     d->guard.unlock();
-    d->rwLock.lockForWrite();
+    Internal::lockRw(d->rwLock, Internal::LockMode::Write);
     QMutexLocker locker(&d->guard);
     d->writeHolder = QThread::currentThread();
     ++d->writeCount;
@@ -132,7 +136,7 @@ bool DeadlockFreeLock::tryLockForWrite()
 {
     QMutexLocker locker(&d->guard);
     if (!amWriteLockHolder()) {
-        if (!d->rwLock.tryLockForWrite())
+        if (!Internal::tryLockRw(d->rwLock, Internal::LockMode::Write))
             return false;
         d->writeHolder = QThread::currentThread();
     }
@@ -151,7 +155,7 @@ void DeadlockFreeLock::unlockRead()
     const bool last = decrementReadReference();
     d->guard.unlock();
     if (last)
-        d->rwLock.unlock();
+        Internal::unlockRw(d->rwLock, Internal::LockMode::Read);
 }
 
 void DeadlockFreeLock::unlockWrite()
@@ -168,7 +172,7 @@ void DeadlockFreeLock::unlockWrite()
     }
     d->writeHolder = nullptr;
     d->guard.unlock();
-    d->rwLock.unlock();
+    Internal::unlockRw(d->rwLock, Internal::LockMode::Write);
 }
 
 } // namespace Velmora::Framework

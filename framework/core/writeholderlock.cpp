@@ -1,8 +1,15 @@
 #include "core/writeholderlock.h"
 
+#include "core/rwlocktracing_p.h"
+
 #include <QtCore/qthread.h>
 
 namespace Velmora::Framework {
+
+WriteHolderLock::~WriteHolderLock()
+{
+    Internal::forgetRw(m_rwLock);
+}
 
 bool WriteHolderLock::isWriteLockHolder() const
 {
@@ -19,13 +26,13 @@ void WriteHolderLock::lockForRead()
         ++m_holderReadCount;
         return;
     }
-    m_rwLock.lockForRead();
+    Internal::lockRw(m_rwLock, Internal::LockMode::Read);
 }
 
 void WriteHolderLock::unlockRead()
 {
     if (!isWriteLockHolder()) {
-        m_rwLock.unlock();
+        Internal::unlockRw(m_rwLock, Internal::LockMode::Read);
         return;
     }
     QMutexLocker locker(&m_guard);
@@ -43,7 +50,7 @@ void WriteHolderLock::lockForWrite()
         ++m_writeCount;
         return;
     }
-    m_rwLock.lockForWrite();
+    Internal::lockRw(m_rwLock, Internal::LockMode::Write);
     QMutexLocker locker(&m_guard);
     ++m_writeCount;
     m_writeHolder.store(QThread::currentThread(), std::memory_order_relaxed);
@@ -60,7 +67,7 @@ void WriteHolderLock::unlockWrite()
         return;
     m_writeHolder.store(nullptr, std::memory_order_relaxed);
     // Releasing never blocks, so it is safe under the guard.
-    m_rwLock.unlock();
+    Internal::unlockRw(m_rwLock, Internal::LockMode::Write);
     if (m_holderReadCount != 0)
         qDebug("Non-zero write holder read count at write unlock");
 }

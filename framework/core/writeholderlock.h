@@ -20,6 +20,7 @@ class VELMORA_FRAMEWORK_EXPORT WriteHolderLock
 {
 public:
     WriteHolderLock() = default;
+    ~WriteHolderLock();
     WriteHolderLock(const WriteHolderLock &) = delete;
     WriteHolderLock &operator=(const WriteHolderLock &) = delete;
 

@@ -1,6 +1,8 @@
 #include "testsupport.h"
 #include "worker.h"
 
+#include <QtCore/qthread.h>
+
 #include "core/deadlockfreelock.h"
 
 
@@ -10,6 +12,7 @@ namespace {
 
 constexpr int timeout = Velmora::Tests::threadTimeout;
 using Velmora::Tests::await;
+using Velmora::Tests::Semaphore;
 using Velmora::Tests::Worker;
 
 // Exposes the read book, which only a derived lock may see.
@@ -51,7 +54,7 @@ private slots:
 void tst_DeadlockFreeLock::reentrantReadPassesWaitingWriter()
 {
     DeadlockFreeLock lock;
-    QSemaphore readHeld, reentered, release, writerLocked;
+    Semaphore readHeld, reentered, release, writerLocked;
 
     Worker reader([&] {
         lock.lockForRead();
@@ -112,7 +115,7 @@ void tst_DeadlockFreeLock::writerReentersAndReads()
 void tst_DeadlockFreeLock::tryLocksAnswerAtOnce()
 {
     DeadlockFreeLock lock;
-    QSemaphore held, release;
+    Semaphore held, release;
 
     {
         Worker writer([&] {
@@ -165,10 +168,10 @@ void tst_DeadlockFreeLock::nonHolderUnlockWriteIsIgnored()
 void tst_DeadlockFreeLock::readerBookKeepsOrder()
 {
     InspectableLock lock;
-    QSemaphore held, releaseB, releaseAC, doneB;
+    Semaphore held, releaseB, releaseAC, doneB;
     QThread *threadA = nullptr, *threadC = nullptr;
 
-    auto reader = [&](QThread **self, QSemaphore &release, int depth) {
+    auto reader = [&](QThread **self, Semaphore &release, int depth) {
         return [&, self, depth] {
             if (self)
                 *self = QThread::currentThread();

@@ -6,6 +6,7 @@
 using namespace Velmora::Framework;
 using Velmora::Tests::await;
 using Velmora::Tests::threadTimeout;
+using Velmora::Tests::Semaphore;
 using Velmora::Tests::Worker;
 
 class tst_WriteHolderLock : public QObject
@@ -37,7 +38,7 @@ void tst_WriteHolderLock::holderReadsAndWritesWithoutBlocking()
     QVERIFY(!lock.isWriteLockHolder());
 
     // Free again: another thread writes.
-    QSemaphore wrote;
+    Semaphore wrote;
     Worker other([&] {
         lock.lockForWrite();
         wrote.release();
@@ -49,7 +50,7 @@ void tst_WriteHolderLock::holderReadsAndWritesWithoutBlocking()
 void tst_WriteHolderLock::readersWaitForTheWriter()
 {
     WriteHolderLock lock;
-    QSemaphore trying, reading, release;
+    Semaphore trying, reading, release;
     lock.lockForWrite();
 
     Worker reader([&] {
@@ -90,7 +91,7 @@ void tst_WriteHolderLock::misuseIsReportedAndIgnored()
     QTest::ignoreMessage(QtDebugMsg, "Non-zero write holder read count at write unlock");
     lock.unlockWrite();
     QVERIFY(!lock.isWriteLockHolder());
-    QSemaphore read;
+    Semaphore read;
     Worker reader([&] {
         lock.lockForRead();
         read.release();
