@@ -1,5 +1,7 @@
 #include "core/defaultaggregatable.h"
 
+#include "types/itemtype.h"
+
 namespace Velmora::Framework {
 
 DefaultAggregatable::DefaultAggregatable(QObject *parent)
@@ -28,6 +30,16 @@ bool DefaultAggregatable::setPopulated(ItemType *type)
 {
     m_populated = type;
     return type != nullptr;
+}
+
+ViewItem *DefaultAggregatable::contextItem() const
+{
+    return m_populated ? m_populated->contextItem() : nullptr;
+}
+
+bool DefaultAggregatable::isType(ItemType *type, const QString &id) const
+{
+    return type && type->qt_metacast(id.toUtf8().constData());
 }
 
 } // namespace Velmora::Framework

@@ -8,6 +8,7 @@
 namespace Velmora::Framework {
 
 class ItemType;
+class ViewItem;
 
 // Base for aggregatables that plug-ins attach to an item type: no icon, no menu entries.
 class VELMORA_FRAMEWORK_EXPORT DefaultAggregatable
@@ -30,6 +31,10 @@ protected:
     // Remembers the type this aggregatable is attached to (borrowed); true when non-null.
     bool setPopulated(ItemType *type);
     ItemType *populated() const { return m_populated; }
+    // The stored type's context item; null without a type.
+    ViewItem *contextItem() const;
+    // Whether type implements the interface with identifier id, or is of that class.
+    bool isType(ItemType *type, const QString &id) const;
 
 private:
     ItemType *m_populated = nullptr;
