@@ -19,5 +19,5 @@ cmake --build "$build" -j"$(nproc)"
 cd "$build"
 export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
 export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
-export TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1
+export TSAN_OPTIONS="halt_on_error=1:second_deadlock_stack=1:suppressions=$PWD/../tests/tsan.supp"
 QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j"$(nproc)" -LE install

@@ -293,13 +293,13 @@ protected:
     virtual bool rename_routine(const QList<ViewItem *> &items, const QVariant &argument);
 
     GenericActionHandler *genericHandler() const;
+    // Appends child to parent; a child the parent refuses is deleted. True when appended.
+    static bool adoptChild(ViewItem *parent, ViewItem *child);
 
 private:
     friend class TypeRegistrar;
     void setRegistrar(TypeRegistrar *registrar);
     void insertAndSort(OrderedItem *entry);
-    // Appends child to parent; a child the parent refuses is deleted. True when appended.
-    static bool adoptChild(ViewItem *parent, ViewItem *child);
     uint defaultMenus() const;
     void setDefaultMenus(uint menus);
 

@@ -1,4 +1,5 @@
 #include "testsupport.h"
+#include "testtypes.h"
 
 #include "core/actionhandler.h"
 #include "core/deadlockfreelock.h"
@@ -17,6 +18,15 @@
 using namespace Velmora::Framework;
 
 namespace {
+
+// Opens DefaultAggregatable's protected helpers to the test.
+class OpenAggregatable : public DefaultAggregatable
+{
+public:
+    using DefaultAggregatable::contextItem;
+    using DefaultAggregatable::isType;
+    using DefaultAggregatable::setPopulated;
+};
 
 class RecordingHandler : public ActionHandler
 {
@@ -53,6 +63,7 @@ private slots:
     void interfaceCastReturnsTheNamedPart();
     void orderedIfSortsStably();
     void hookupHandlerMapsCommands();
+    void defaultAggregatableHelpers();
 };
 
 void tst_Interfaces::queryRule_data()
@@ -167,6 +178,26 @@ void tst_Interfaces::hookupHandlerMapsCommands()
 
     QCOMPARE(handler.qt_metacast("IHandler"), static_cast<void *>(static_cast<IHandler *>(&handler)));
     QCOMPARE(handler.qt_metacast("Velmora::Framework::ActionHandler"), static_cast<void *>(&handler));
+}
+
+void tst_Interfaces::defaultAggregatableHelpers()
+{
+    OpenAggregatable aggregatable;
+    Velmora::Tests::TestTree tree;
+    QVERIFY(!aggregatable.isType(nullptr, QStringLiteral("IAggregatable")));
+    QVERIFY(aggregatable.isType(tree.folder, QString::fromLatin1(Iid::ITypeGeneric)));
+    QVERIFY(aggregatable.isType(tree.folder, QStringLiteral("Velmora::Framework::ItemType")));
+    QVERIFY(!aggregatable.isType(tree.folder, QString::fromLatin1(Iid::ITypeFile)));
+    QVERIFY(aggregatable.getIcon(nullptr, 0).isNull());
+
+    QVERIFY(!aggregatable.setPopulated(nullptr));
+    QCOMPARE(aggregatable.contextItem(), nullptr);
+    QVERIFY(aggregatable.setPopulated(tree.folder));
+    const std::unique_ptr<ViewItem> item(tree.folderItem(QStringLiteral("f")));
+    QList<OrderedItem *> entries;
+    tree.folder->contextMenu(item.get(), {item.get()}, entries);
+    QCOMPARE(aggregatable.contextItem(), item.get());
+    QVERIFY(!aggregatable.contextMenu(item.get(), {}, entries));
 }
 
 VELMORA_TEST(tst_Interfaces);

@@ -3,7 +3,10 @@
 #include "core/typeregistrar.h"
 #include "model/viewitem.h"
 #include "types/itemtype.h"
+#include "model/itemdata.h"
+#include "types/itemtypefile.h"
 
+#include <QtCore/qfile.h>
 #include <QtCore/qstring.h>
 
 namespace Velmora::Tests {
@@ -71,5 +74,76 @@ struct TestTree
     TestType *folder = new TestType(QStringLiteral("folder"), QStringLiteral("Folder"));
     TestType *leaf = new TestType(QStringLiteral("leaf"), QStringLiteral("Leaf"));
 };
+
+// A file type whose files hold the item's name. A file reading "broken" does not load; an
+// item named "unwritable" writes part of its file and then fails.
+class TestFileType : public Velmora::Framework::ItemTypeFile
+{
+    Q_OBJECT
+
+public:
+    explicit TestFileType(const QString &id = QStringLiteral("data"),
+                          const QString &extension = QStringLiteral(".dat"),
+                          const QString &filter = QStringLiteral("Data files (*.dat)"))
+        : m_id(id)
+        , m_extension(extension)
+        , m_filter(filter)
+    {
+    }
+
+    QString getId() const override { return m_id; }
+    QString getDescription() const override { return m_id; }
+    QString defaultExtension() const override { return m_extension; }
+    QString filter() const override { return m_filter; }
+    bool canHandle(const QString &path) const override
+    {
+        return path.endsWith(m_extension, Qt::CaseInsensitive);
+    }
+    Velmora::Framework::ItemData *createDataInstance(QObject *parent) override
+    {
+        return new Velmora::Framework::ItemData(parent);
+    }
+    bool serialize(Velmora::Framework::ViewItem *item, QIODevice *device) override
+    {
+        const bool fails = item->getItemName() == QStringLiteral("unwritable");
+        device->write(fails ? QByteArray("partial") : item->getItemName().toUtf8());
+        return !fails;
+    }
+    bool deserialize(Velmora::Framework::ViewItem *item, QIODevice *device) override
+    {
+        const QString text = QString::fromUtf8(device->readAll());
+        if (text == QStringLiteral("broken"))
+            return false;
+        item->setItemName(text);
+        return true;
+    }
+
+private:
+    QString m_id;
+    QString m_extension;
+    QString m_filter;
+};
+
+inline QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
+}
+
+inline bool writeFile(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+// "name[child,child[...]]": the names and nesting of a whole tree.
+inline QString outline(const Velmora::Framework::ViewItem *item)
+{
+    QString text = item->getItemName();
+    const int count = item->getChildItemCount();
+    for (int row = 0; row < count; ++row)
+        text += QLatin1String(row ? "," : "[") + outline(item->getChildItemAt(row));
+    return count ? text + QLatin1Char(']') : text;
+}
 
 } // namespace Velmora::Tests
