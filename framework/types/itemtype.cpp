@@ -33,6 +33,7 @@
 #include <QtWidgets/qmenu.h>
 
 #include <algorithm>
+#include <optional>
 
 namespace Velmora::Framework {
 
@@ -106,6 +107,12 @@ public:
     {
     }
 
+    void invalidateChildTypes()
+    {
+        QMutexLocker locker(&typeLock);
+        childTypesCache.reset();
+    }
+
     QIcon icon;
     ItemType::GenericActionHandler genericHandler;
     QPointer<TypeRegistrar> registrar;
@@ -118,6 +125,8 @@ public:
     // Recursive: subclass overrides call back into the base while holding them.
     mutable QRecursiveMutex menuLock;
     mutable QRecursiveMutex typeLock;
+    // What childTypes() answered last; reset whenever the registry or the tables change.
+    mutable std::optional<QList<ItemType *>> childTypesCache;
     ItemType::ItemTypeAttributes attributes = ItemType::ItemTypeAttributes::fromInt(0x63);
     QMap<QString, IEditorFactory *> editorFactories;
     QMap<QString, QAction *> editorActions;
@@ -262,6 +271,7 @@ bool ItemType::testAttribute(ItemTypeAttributes attributes) const
 void ItemType::addChildType(const QString &typeId, bool includeDerived)
 {
     QMutexLocker locker(&d->typeLock);
+    d->childTypesCache.reset();
     if (typeId.isEmpty() || d->childTypes.contains(typeId))
         return;
     d->childTypes.insert(typeId, new ChildType(typeId, includeDerived));
@@ -270,12 +280,14 @@ void ItemType::addChildType(const QString &typeId, bool includeDerived)
 void ItemType::removeChildType(const QString &typeId)
 {
     QMutexLocker locker(&d->typeLock);
+    d->childTypesCache.reset();
     delete d->childTypes.take(typeId);
 }
 
 void ItemType::resetChildTypes()
 {
     QMutexLocker locker(&d->typeLock);
+    d->childTypesCache.reset();
     qDeleteAll(d->childTypes);
     d->childTypes.clear();
 }
@@ -283,6 +295,7 @@ void ItemType::resetChildTypes()
 void ItemType::addExcludeChildType(const QString &typeId, bool includeDerived)
 {
     QMutexLocker locker(&d->typeLock);
+    d->childTypesCache.reset();
     if (typeId.isEmpty())
         return;
     if (ExcludedType *excluded = d->excludedTypes.value(typeId))
@@ -294,12 +307,14 @@ void ItemType::addExcludeChildType(const QString &typeId, bool includeDerived)
 void ItemType::removeExcludeChildType(const QString &typeId)
 {
     QMutexLocker locker(&d->typeLock);
+    d->childTypesCache.reset();
     delete d->excludedTypes.take(typeId);
 }
 
 void ItemType::resetExcludeChildTypes()
 {
     QMutexLocker locker(&d->typeLock);
+    d->childTypesCache.reset();
     qDeleteAll(d->excludedTypes);
     d->excludedTypes.clear();
 }
@@ -315,8 +330,10 @@ void ItemType::addMandatoryChild(const QString &typeId, const QString &name)
         return;
     QMutexLocker locker(&d->typeLock);
     ChildType *&entry = d->childTypes[typeId];
-    if (!entry)
+    if (!entry) {
         entry = new ChildType(typeId, false);
+        d->childTypesCache.reset();
+    }
     entry->mandatoryNames.append(name);
 }
 
@@ -518,12 +535,15 @@ ItemData *ItemType::createDataInstance(QObject *)
 
 QList<ItemType *> ItemType::childTypes(ViewItem *) const
 {
-    QList<ItemType *> result;
     const TypeRegistrar *registrar = d->registrar.data();
     if (!registrar)
-        return result;
-    const QString scope = this->scope();
+        return {};
     QMutexLocker locker(&d->typeLock);
+    // Every insertion asks, so the answer is kept until the registry or the tables change.
+    if (d->childTypesCache)
+        return *d->childTypesCache;
+    QList<ItemType *> result;
+    const QString scope = this->scope();
     for (const ChildType *entry : std::as_const(d->childTypes)) {
         if (!entry->includeDerived) {
             ItemType *type = registrar->lookup(entry->typeId);
@@ -545,6 +565,7 @@ QList<ItemType *> ItemType::childTypes(ViewItem *) const
             result.removeAll(type);
     }
     std::stable_sort(result.begin(), result.end(), &ItemType::ascendingSort);
+    d->childTypesCache = result;
     return result;
 }
 
@@ -657,7 +678,15 @@ TypeRegistrar *ItemType::registrar() const
 
 void ItemType::setRegistrar(TypeRegistrar *registrar)
 {
+    if (TypeRegistrar *previous = d->registrar.data())
+        disconnect(previous, nullptr, this, nullptr);
     d->registrar = registrar;
+    d->invalidateChildTypes();
+    if (registrar) {
+        const auto invalidate = [this] { d->invalidateChildTypes(); };
+        connect(registrar, &TypeRegistrar::typeRegistered, this, invalidate);
+        connect(registrar, &TypeRegistrar::typeUnregistered, this, invalidate);
+    }
 }
 
 QString ItemType::scope() const
