@@ -13,16 +13,15 @@ WriteHolderLock::~WriteHolderLock()
 
 bool WriteHolderLock::isWriteLockHolder() const
 {
-    // The holder test is "write count non-zero and holder is current". The holder pointer is
-    // set after the count rises and cleared before it falls to zero, so the pointer alone
-    // answers it for the current thread.
-    return m_writeHolder.load(std::memory_order_relaxed) == QThread::currentThread();
+    // The holder test is "write count non-zero and holder is current". The holder id is set
+    // after the count rises and cleared before it falls to zero, so the id alone answers it
+    // for the current thread.
+    return m_writeHolder.load(std::memory_order_relaxed) == QThread::currentThreadId();
 }
 
 void WriteHolderLock::lockForRead()
 {
     if (isWriteLockHolder()) {
-        QMutexLocker locker(&m_guard);
         ++m_holderReadCount;
         return;
     }
@@ -35,7 +34,6 @@ void WriteHolderLock::unlockRead()
         Internal::unlockRw(m_rwLock, Internal::LockMode::Read);
         return;
     }
-    QMutexLocker locker(&m_guard);
     if (m_holderReadCount == 0) {
         qDebug("Error: Holder thread attempt to unlock read while refcount is already 0");
         return;
@@ -46,14 +44,13 @@ void WriteHolderLock::unlockRead()
 void WriteHolderLock::lockForWrite()
 {
     if (isWriteLockHolder()) {
-        QMutexLocker locker(&m_guard);
         ++m_writeCount;
         return;
     }
     Internal::lockRw(m_rwLock, Internal::LockMode::Write);
     QMutexLocker locker(&m_guard);
     ++m_writeCount;
-    m_writeHolder.store(QThread::currentThread(), std::memory_order_relaxed);
+    m_writeHolder.store(QThread::currentThreadId(), std::memory_order_relaxed);
 }
 
 void WriteHolderLock::unlockWrite()

@@ -3,13 +3,10 @@
 #include "velmoraframework_global.h"
 
 #include <QtCore/qmutex.h>
+#include <QtCore/qnamespace.h>
 #include <QtCore/qreadwritelock.h>
 
 #include <atomic>
-
-QT_BEGIN_NAMESPACE
-class QThread;
-QT_END_NAMESPACE
 
 namespace Velmora::Framework {
 
@@ -32,11 +29,13 @@ public:
 
 private:
     QReadWriteLock m_rwLock{QReadWriteLock::NonRecursive};
-    // Only the holder ever stores itself here, so a thread can tell whether it holds the lock
-    // from a plain atomic load: the read fast path costs no mutex.
-    std::atomic<QThread *> m_writeHolder{nullptr};
+    // Only the holder ever stores its own id here, so a thread can tell whether it holds the
+    // lock from a plain atomic load; the inline thread id spares the read fast path a call.
+    std::atomic<Qt::HANDLE> m_writeHolder{nullptr};
+    // Touched only by the write holder while it holds the lock: the lock itself orders them.
     int m_holderReadCount = 0;
     int m_writeCount = 0;
+    // Held while the write lock changes hands.
     QMutex m_guard;
 };
 

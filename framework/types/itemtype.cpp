@@ -33,6 +33,7 @@
 #include <QtWidgets/qmenu.h>
 
 #include <algorithm>
+#include <atomic>
 #include <optional>
 
 namespace Velmora::Framework {
@@ -113,6 +114,13 @@ public:
         childTypesCache.reset();
     }
 
+    // Called with typeLock held after childTypes changed.
+    void childTypesChanged()
+    {
+        childTypesCache.reset();
+        hasChildTypes.store(!childTypes.isEmpty(), std::memory_order_release);
+    }
+
     QIcon icon;
     ItemType::GenericActionHandler genericHandler;
     QPointer<TypeRegistrar> registrar;
@@ -127,6 +135,8 @@ public:
     mutable QRecursiveMutex typeLock;
     // What childTypes() answered last; reset whenever the registry or the tables change.
     mutable std::optional<QList<ItemType *>> childTypesCache;
+    // Whether childTypes is not empty, kept with every change of it.
+    std::atomic<bool> hasChildTypes{false};
     ItemType::ItemTypeAttributes attributes = ItemType::ItemTypeAttributes::fromInt(0x63);
     QMap<QString, IEditorFactory *> editorFactories;
     QMap<QString, QAction *> editorActions;
@@ -252,8 +262,8 @@ QString ItemType::composeItemDispName(ViewItemBase *item) const
 
 bool ItemType::canParent() const
 {
-    QMutexLocker locker(&d->typeLock);
-    return !d->childTypes.isEmpty();
+    // Every row count asks; the answer follows the table without taking its lock.
+    return d->hasChildTypes.load(std::memory_order_acquire);
 }
 
 bool ItemType::allowedAsChild(ViewItem *parent, const QString &typeId) const
@@ -271,25 +281,25 @@ bool ItemType::testAttribute(ItemTypeAttributes attributes) const
 void ItemType::addChildType(const QString &typeId, bool includeDerived)
 {
     QMutexLocker locker(&d->typeLock);
-    d->childTypesCache.reset();
     if (typeId.isEmpty() || d->childTypes.contains(typeId))
         return;
     d->childTypes.insert(typeId, new ChildType(typeId, includeDerived));
+    d->childTypesChanged();
 }
 
 void ItemType::removeChildType(const QString &typeId)
 {
     QMutexLocker locker(&d->typeLock);
-    d->childTypesCache.reset();
     delete d->childTypes.take(typeId);
+    d->childTypesChanged();
 }
 
 void ItemType::resetChildTypes()
 {
     QMutexLocker locker(&d->typeLock);
-    d->childTypesCache.reset();
     qDeleteAll(d->childTypes);
     d->childTypes.clear();
+    d->childTypesChanged();
 }
 
 void ItemType::addExcludeChildType(const QString &typeId, bool includeDerived)
@@ -332,7 +342,7 @@ void ItemType::addMandatoryChild(const QString &typeId, const QString &name)
     ChildType *&entry = d->childTypes[typeId];
     if (!entry) {
         entry = new ChildType(typeId, false);
-        d->childTypesCache.reset();
+        d->childTypesChanged();
     }
     entry->mandatoryNames.append(name);
 }
