@@ -1,4 +1,6 @@
 // A Qt application around Google Benchmark's runner: the code measured needs one.
+#include "benchsupport.h"
+
 #include <QtCore/qlogging.h>
 #include <QtWidgets/qapplication.h>
 
@@ -23,6 +25,8 @@ int main(int argc, char **argv)
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;
     benchmark::RunSpecifiedBenchmarks();
+    for (const auto &routine : Velmora::Benchmarks::endRoutines())
+        routine();
     benchmark::Shutdown();
     return 0;
 }
