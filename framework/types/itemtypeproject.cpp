@@ -101,20 +101,15 @@ bool ItemTypeProject::deserialize(ViewItem *project, QIODevice *device)
     if (!project || !device || !registrar)
         return false;
     Internal::XmlElement root;
-    switch (Internal::readXml(device, root)) {
-    case Internal::XmlStatus::Malformed:
+    switch (Internal::readRoot(device, "ItemTypeProject::deserialize()", projectTag, root)) {
+    case Internal::RootReading::Failed:
         return false;
-    case Internal::XmlStatus::TooDeep:
-        qWarning("ItemTypeProject::deserialize(): the document is nested deeper than %d levels; "
-                 "nothing is loaded", Internal::maxXmlDepth);
-        return false;
-    case Internal::XmlStatus::Ok:
+    case Internal::RootReading::OtherRoot:
+        return true;
+    case Internal::RootReading::Read:
         break;
     }
-    if (root.tag != projectTag)
-        return true;
-    project->setItemName(root.hasAttribute(nameAttribute) ? root.attribute(nameAttribute)
-                                                          : QStringLiteral("default"));
+    project->setItemName(Internal::rootName(root));
     deserializeChildren(project, root, registrar);
     return true;
 }

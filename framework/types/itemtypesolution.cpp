@@ -172,20 +172,15 @@ bool ItemTypeSolution::deserialize(ViewItem *solution, QIODevice *device)
         return false;
     const QString base = baseDirectory(device);
     Internal::XmlElement root;
-    switch (Internal::readXml(device, root)) {
-    case Internal::XmlStatus::Malformed:
+    switch (Internal::readRoot(device, "ItemTypeSolution::deserialize()", solutionTag, root)) {
+    case Internal::RootReading::Failed:
         return false;
-    case Internal::XmlStatus::TooDeep:
-        qWarning("ItemTypeSolution::deserialize(): the document is nested deeper than %d levels; "
-                 "nothing is loaded", Internal::maxXmlDepth);
-        return false;
-    case Internal::XmlStatus::Ok:
+    case Internal::RootReading::OtherRoot:
+        return true;
+    case Internal::RootReading::Read:
         break;
     }
-    if (root.tag != solutionTag)
-        return true;
-    solution->setItemName(root.hasAttribute(nameAttribute) ? root.attribute(nameAttribute)
-                                                           : QStringLiteral("default"));
+    solution->setItemName(Internal::rootName(root));
     for (const Internal::XmlElement &element : root.children) {
         if (element.tag != projectTag)
             continue;

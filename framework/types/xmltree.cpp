@@ -89,6 +89,28 @@ XmlStatus readXml(QIODevice *device, XmlElement &root)
     return XmlStatus::Ok;
 }
 
+RootReading readRoot(QIODevice *device, const char *caller, const QString &rootTag,
+                     XmlElement &root)
+{
+    switch (readXml(device, root)) {
+    case XmlStatus::Malformed:
+        return RootReading::Failed;
+    case XmlStatus::TooDeep:
+        qWarning("%s: the document is nested deeper than %d levels; nothing is loaded", caller,
+                 maxXmlDepth);
+        return RootReading::Failed;
+    case XmlStatus::Ok:
+        break;
+    }
+    return root.tag == rootTag ? RootReading::Read : RootReading::OtherRoot;
+}
+
+QString rootName(const XmlElement &root)
+{
+    const QString name = QStringLiteral("name");
+    return root.hasAttribute(name) ? root.attribute(name) : QStringLiteral("default");
+}
+
 XmlWriter::XmlWriter(const QString &doctype)
 {
     m_bytes = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE " + doctype.toUtf8() + ">\n";

@@ -36,6 +36,15 @@ enum class XmlStatus { Ok, Malformed, TooDeep };
 // Reads the whole document into root; on failure root is left empty.
 XmlStatus readXml(QIODevice *device, XmlElement &root);
 
+enum class RootReading { Failed, OtherRoot, Read };
+
+// Reads the document of an item's file whose root must be tagged rootTag. A document nested
+// too deep is refused with a warning that begins with caller.
+RootReading readRoot(QIODevice *device, const char *caller, const QString &rootTag,
+                     XmlElement &root);
+// The item name a root carries: its "name" attribute, "default" when it has none.
+QString rootName(const XmlElement &root);
+
 // Writes a document in the form the DOM gives with an indent of 4: the xml declaration, the
 // document type, then the elements, with attributes in the order they were given.
 class XmlWriter
