@@ -215,6 +215,10 @@ void tst_ProjectFiles::readersRefuseOrSkipBadInput_data()
         doc(QByteArray("<item typeid=\"example.folder\" name=\"d\">").repeated(512)
             + QByteArray("</item>").repeated(512)),
         false, u"orig"_s, "ItemTypeProject" + tooDeep);
+    row("project: 100,000 nested items refused",
+        doc(QByteArray("<item typeid=\"example.folder\" name=\"d\">").repeated(100000)
+            + QByteArray("</item>").repeated(100000)),
+        false, u"orig"_s, "ItemTypeProject" + tooDeep);
     row("project: 100,000 items", doc(a.repeated(100000)), true,
         u"P["_s + QStringList(100000, u"a"_s).join(u',') + u']');
     row("solution: wrong root", "<project name=\"S\">" + q + "</project>", true, u"orig"_s);
