@@ -819,36 +819,6 @@ void ItemType::setItemTypeAttributes(ItemTypeAttributes attributes)
     d->attributes = attributes;
 }
 
-bool ItemType::selectable() const
-{
-    return testAttribute(Selectable);
-}
-
-bool ItemType::editable() const
-{
-    return testAttribute(Editable);
-}
-
-bool ItemType::dragEnabled() const
-{
-    return testAttribute(DragEnabled);
-}
-
-bool ItemType::dropEnabled() const
-{
-    return testAttribute(DropEnabled);
-}
-
-bool ItemType::checkable() const
-{
-    return testAttribute(Checkable);
-}
-
-bool ItemType::itemEnabled() const
-{
-    return testAttribute(ItemEnabled);
-}
-
 void ItemType::registerEditorFactory(const QString &id, IEditorFactory *factory)
 {
     if (id.isEmpty() || !factory)

@@ -245,12 +245,12 @@ public:
 
     ItemTypeAttributes itemTypeAttributes() const;
     void setItemTypeAttributes(ItemTypeAttributes attributes);
-    bool selectable() const;
-    bool editable() const;
-    bool dragEnabled() const;
-    bool dropEnabled() const;
-    bool checkable() const;
-    bool itemEnabled() const;
+    bool selectable() const { return testAttribute(Selectable); }
+    bool editable() const { return testAttribute(Editable); }
+    bool dragEnabled() const { return testAttribute(DragEnabled); }
+    bool dropEnabled() const { return testAttribute(DropEnabled); }
+    bool checkable() const { return testAttribute(Checkable); }
+    bool itemEnabled() const { return testAttribute(ItemEnabled); }
 
     // Factories are borrowed; the type owns the action it makes for each.
     void registerEditorFactory(const QString &id, IEditorFactory *factory);

@@ -101,14 +101,10 @@ bool ItemTypeProject::deserialize(ViewItem *project, QIODevice *device)
     if (!project || !device || !registrar)
         return false;
     Internal::XmlElement root;
-    switch (Internal::readRoot(device, "ItemTypeProject::deserialize()", projectTag, root)) {
-    case Internal::RootReading::Failed:
-        return false;
-    case Internal::RootReading::OtherRoot:
-        return true;
-    case Internal::RootReading::Read:
-        break;
-    }
+    const Internal::RootReading reading =
+        Internal::readRoot(device, "ItemTypeProject::deserialize()", projectTag, root);
+    if (reading != Internal::RootReading::Read)
+        return reading == Internal::RootReading::OtherRoot; // another root loads nothing
     project->setItemName(Internal::rootName(root));
     deserializeChildren(project, root, registrar);
     return true;

@@ -172,14 +172,10 @@ bool ItemTypeSolution::deserialize(ViewItem *solution, QIODevice *device)
         return false;
     const QString base = baseDirectory(device);
     Internal::XmlElement root;
-    switch (Internal::readRoot(device, "ItemTypeSolution::deserialize()", solutionTag, root)) {
-    case Internal::RootReading::Failed:
-        return false;
-    case Internal::RootReading::OtherRoot:
-        return true;
-    case Internal::RootReading::Read:
-        break;
-    }
+    const Internal::RootReading reading =
+        Internal::readRoot(device, "ItemTypeSolution::deserialize()", solutionTag, root);
+    if (reading != Internal::RootReading::Read)
+        return reading == Internal::RootReading::OtherRoot; // another root loads nothing
     solution->setItemName(Internal::rootName(root));
     for (const Internal::XmlElement &element : root.children) {
         if (element.tag != projectTag)
