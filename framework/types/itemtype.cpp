@@ -98,6 +98,35 @@ QAction *makeAction(ItemType *owner, const QString &text, const QString &icon,
     return action;
 }
 
+// The action for a factory being registered under id: the id's existing action, or a new one
+// (parented to owner) from the factory's name, icon and description, asked in that order.
+// Warns, in the words of caller, when the id is taken or factories and actions disagree;
+// null only when an unknown id already has an action.
+template <typename Factory>
+QAction *factoryAction(ItemType *owner, const char *caller, const QString &id, Factory *factory,
+                       const QMap<QString, Factory *> &factories,
+                       const QMap<QString, QAction *> &actions)
+{
+    QAction *action = actions.value(id);
+    if (factories.contains(id)) {
+        qWarning("%s: Id %s already exists, overwrite with new factory", caller, qPrintable(id));
+        if (!action)
+            qWarning("%s: factory and action out of sync", caller);
+        return action;
+    }
+    if (action) {
+        qWarning("%s: factory and action out of sync", caller);
+        return nullptr;
+    }
+    const QString name = factory->name();
+    const QIcon icon = factory->icon();
+    const QString description = factory->description();
+    action = new QAction(icon, name, owner);
+    if (!description.isEmpty())
+        action->setStatusTip(description);
+    return action;
+}
+
 } // namespace
 
 class ItemTypePrivate
@@ -823,19 +852,8 @@ void ItemType::registerEditorFactory(const QString &id, IEditorFactory *factory)
 {
     if (id.isEmpty() || !factory)
         return;
-    QAction *action = d->editorActions.value(id);
-    if (d->editorFactories.contains(id)) {
-        qWarning("ItemType::registerEditorFactory(): Id %s already exists, overwrite with new "
-                 "factory", qPrintable(id));
-        if (!action)
-            qWarning("ItemType::registerEditorFactory(): factory and action out of sync");
-    } else if (action) {
-        qWarning("ItemType::registerEditorFactory(): factory and action out of sync");
-    } else {
-        action = new QAction(factory->icon(), factory->name(), this);
-        if (!factory->description().isEmpty())
-            action->setStatusTip(factory->description());
-    }
+    QAction *action = factoryAction(this, "ItemType::registerEditorFactory()", id, factory,
+                                    d->editorFactories, d->editorActions);
     d->editorFactories.insert(id, factory);
     if (action) {
         d->editorActions.insert(id, action);
@@ -906,22 +924,8 @@ void ItemType::registerPreviewerFactory(const QString &id, IPreviewerFactory *fa
 {
     if (id.isEmpty() || !factory)
         return;
-    QAction *action = d->previewerActions.value(id);
-    if (d->previewerFactories.contains(id)) {
-        qWarning("ItemType::registerPreviewerFactory(): Id %s already exists, overwrite with new "
-                 "factory", qPrintable(id));
-        if (!action)
-            qWarning("ItemType::registerPreviewerFactory(): factory and action out of sync");
-    } else if (action) {
-        qWarning("ItemType::registerPreviewerFactory(): factory and action out of sync");
-    } else {
-        const QString name = factory->name();
-        const QIcon icon = factory->icon();
-        const QString description = factory->description();
-        action = new QAction(icon, name, this);
-        if (!description.isEmpty())
-            action->setStatusTip(description);
-    }
+    QAction *action = factoryAction(this, "ItemType::registerPreviewerFactory()", id, factory,
+                                    d->previewerFactories, d->previewerActions);
     d->previewerFactories.insert(id, factory);
     if (action)
         d->previewerActions.insert(id, action);
