@@ -11,18 +11,59 @@
 
 namespace Velmora::Framework {
 
+namespace {
+
+// QThread::currentThread() reaches Qt's thread data through the general TLS model, a call
+// per lookup; a thread's QThread never changes, so each thread keeps its own in one load.
+QThread *currentThread()
+{
+#if defined(__GNUC__)
+    static thread_local QThread *current __attribute__((tls_model("initial-exec"))) = nullptr;
+#else
+    static thread_local QThread *current = nullptr;
+#endif
+    if (!current)
+        current = QThread::currentThread();
+    return current;
+}
+
+} // namespace
+
 class DeadlockFreeLockPrivate
 {
 public:
     ~DeadlockFreeLockPrivate() { Internal::forgetRw(rwLock); }
 
-    int indexOfReader(QThread *thread) const
+    // The helpers below expect guard to be held.
+    bool isHolder(QThread *thread) const { return writeCount > 0 && writeHolder == thread; }
+
+    Q_ALWAYS_INLINE int indexOfReader(QThread *thread) const
     {
         for (int i = 0; i < readers.size(); ++i) {
             if (readers.at(i).first == thread)
                 return i;
         }
         return -1;
+    }
+
+    Q_ALWAYS_INLINE void addRead(QThread *thread, int index)
+    {
+        if (index == -1)
+            index = indexOfReader(thread);
+        if (index >= 0)
+            ++readers[index].second;
+        else
+            readers.emplaceBack(thread, 1);
+    }
+
+    // A thread must not drop a read it does not hold; that is not checked.
+    Q_ALWAYS_INLINE bool dropRead(QThread *thread)
+    {
+        const int index = indexOfReader(thread);
+        if (--readers[index].second != 0)
+            return false;
+        readers.removeAt(index);
+        return true;
     }
 
     QReadWriteLock rwLock{QReadWriteLock::NonRecursive};
@@ -48,33 +89,24 @@ bool DeadlockFreeLock::queryInterface(const char *iid, IBase **out)
 
 bool DeadlockFreeLock::isWriteLockHolder() const
 {
+    QThread *const current = currentThread();
     QMutexLocker locker(&d->guard);
-    return d->writeCount != 0 && d->writeHolder == QThread::currentThread();
+    return d->writeCount != 0 && d->writeHolder == current;
 }
 
 bool DeadlockFreeLock::amWriteLockHolder() const
 {
-    return d->writeCount > 0 && d->writeHolder == QThread::currentThread();
+    return d->isHolder(currentThread());
 }
 
 void DeadlockFreeLock::incrementReadReference(int index)
 {
-    if (index == -1)
-        index = d->indexOfReader(QThread::currentThread());
-    if (index >= 0)
-        ++d->readers[index].second;
-    else
-        d->readers.append({QThread::currentThread(), 1});
+    d->addRead(currentThread(), index);
 }
 
 bool DeadlockFreeLock::decrementReadReference()
 {
-    // A thread must not unlock a read it does not hold; that is not checked.
-    const int index = d->indexOfReader(QThread::currentThread());
-    if (--d->readers[index].second != 0)
-        return false;
-    d->readers.removeAt(index);
-    return true;
+    return d->dropRead(currentThread());
 }
 
 QList<std::pair<QThread *, int>> DeadlockFreeLock::readerBook() const
@@ -85,42 +117,45 @@ QList<std::pair<QThread *, int>> DeadlockFreeLock::readerBook() const
 
 void DeadlockFreeLock::lockForRead()
 {
+    QThread *const current = currentThread();
     d->guard.lock();
-    if (amWriteLockHolder()) {
+    if (d->isHolder(current)) {
         // The writer's reads are books only; rwLock stays in write mode.
-        incrementReadReference(-1);
+        d->addRead(current, -1);
         d->guard.unlock();
         return;
     }
-    const int index = d->indexOfReader(QThread::currentThread());
+    const int index = d->indexOfReader(current);
     // A re-entrant read must not queue behind a waiting writer, so it skips rwLock.
     if (index == -1 && !Internal::tryLockRw(d->rwLock, Internal::LockMode::Read)) {
         d->guard.unlock();
         Internal::lockRw(d->rwLock, Internal::LockMode::Read);
         d->guard.lock();
     }
-    incrementReadReference(index);
+    d->addRead(current, index);
     d->guard.unlock();
 }
 
 bool DeadlockFreeLock::tryLockForRead()
 {
+    QThread *const current = currentThread();
     QMutexLocker locker(&d->guard);
-    if (amWriteLockHolder()) {
-        incrementReadReference(-1);
+    if (d->isHolder(current)) {
+        d->addRead(current, -1);
         return true;
     }
-    const int index = d->indexOfReader(QThread::currentThread());
+    const int index = d->indexOfReader(current);
     if (index == -1 && !Internal::tryLockRw(d->rwLock, Internal::LockMode::Read))
         return false;
-    incrementReadReference(index);
+    d->addRead(current, index);
     return true;
 }
 
 void DeadlockFreeLock::lockForWrite()
 {
+    QThread *const current = currentThread();
     d->guard.lock();
-    if (amWriteLockHolder()) {
+    if (d->isHolder(current)) {
         ++d->writeCount;
         d->guard.unlock();
         return;
@@ -128,17 +163,18 @@ void DeadlockFreeLock::lockForWrite()
     d->guard.unlock();
     Internal::lockRw(d->rwLock, Internal::LockMode::Write);
     QMutexLocker locker(&d->guard);
-    d->writeHolder = QThread::currentThread();
+    d->writeHolder = current;
     ++d->writeCount;
 }
 
 bool DeadlockFreeLock::tryLockForWrite()
 {
+    QThread *const current = currentThread();
     QMutexLocker locker(&d->guard);
-    if (!amWriteLockHolder()) {
+    if (!d->isHolder(current)) {
         if (!Internal::tryLockRw(d->rwLock, Internal::LockMode::Write))
             return false;
-        d->writeHolder = QThread::currentThread();
+        d->writeHolder = current;
     }
     ++d->writeCount;
     return true;
@@ -146,13 +182,14 @@ bool DeadlockFreeLock::tryLockForWrite()
 
 void DeadlockFreeLock::unlockRead()
 {
+    QThread *const current = currentThread();
     d->guard.lock();
-    if (amWriteLockHolder()) {
-        decrementReadReference();
+    if (d->isHolder(current)) {
+        d->dropRead(current);
         d->guard.unlock();
         return;
     }
-    const bool last = decrementReadReference();
+    const bool last = d->dropRead(current);
     d->guard.unlock();
     if (last)
         Internal::unlockRw(d->rwLock, Internal::LockMode::Read);
@@ -160,8 +197,9 @@ void DeadlockFreeLock::unlockRead()
 
 void DeadlockFreeLock::unlockWrite()
 {
+    QThread *const current = currentThread();
     d->guard.lock();
-    if (!amWriteLockHolder()) {
+    if (!d->isHolder(current)) {
         d->guard.unlock();
         qDebug("Error: Non-holder thread attempt to unlock the write lock");
         return;
