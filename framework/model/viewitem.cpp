@@ -4,6 +4,7 @@
 #include "core/iavailable.h"
 #include "model/itemutils.h"
 #include "model/ordereditem.h"
+#include "model/viewitembase_p.h"
 #include "model/viewmodel.h"
 #include "shell/environment.h"
 #include "types/itemtype.h"
@@ -43,17 +44,37 @@ QList<IAggregatable *> environmentAggregatables()
 
 } // namespace
 
-class ViewItemPrivate
+class ViewItemPrivate : public ViewItemBasePrivate
 {
 public:
+    // The row hint is where this node stood in its parent's list when last looked up. Finding
+    // a row is a linear search, which makes index()/parent() quadratic over wide trees; the
+    // hint is checked before use, so it only ever saves work. It shares one word with the
+    // expanded flag (bit 0; the row plus one above it, 0 when there is none), which keeps the
+    // whole part within one allocation size class.
+    bool expanded() const { return state.load(std::memory_order_relaxed) & 1u; }
+    void setExpanded(bool expanded)
+    {
+        if (expanded)
+            state.fetch_or(1u, std::memory_order_relaxed);
+        else
+            state.fetch_and(~1u, std::memory_order_relaxed);
+    }
+    int rowHint() const { return int(state.load(std::memory_order_relaxed) >> 1) - 1; }
+    // Readers share the hint, and the view may set the flag meanwhile, hence the exchange.
+    void setRowHint(int row) const
+    {
+        quint32 old = state.load(std::memory_order_relaxed);
+        while (!state.compare_exchange_weak(old, (quint32(row + 1) << 1) | (old & 1u),
+                                            std::memory_order_relaxed)) {
+        }
+    }
+
+    // First, so that it fills the base part's tail.
+    mutable std::atomic<quint32> state{0};
     ViewItem *parent = nullptr;
     QList<ViewItem *> children;
     QPointer<ViewModel> model;
-    bool expanded = false;
-    // Where this node stood in its parent's list when last looked up. Finding a row is a
-    // linear search, which makes index()/parent() quadratic over wide trees; the hint is
-    // checked before use, so it only ever saves work. Readers share it, hence atomic.
-    mutable std::atomic<int> rowHint{-1};
 };
 
 ViewItem::ViewItem(ItemType *type)
@@ -62,9 +83,13 @@ ViewItem::ViewItem(ItemType *type)
 }
 
 ViewItem::ViewItem(ItemType *type, const QString &name)
-    : ViewItemBase(type, name)
-    , d(std::make_unique<ViewItemPrivate>())
+    : ViewItemBase(*new ViewItemPrivate, type, name)
 {
+}
+
+ViewItemPrivate *ViewItem::d_func() const
+{
+    return static_cast<ViewItemPrivate *>(d.get());
 }
 
 ViewItem::~ViewItem()
@@ -74,15 +99,19 @@ ViewItem::~ViewItem()
         type->disposeEditorFor(this);
         type->disposePropertyBagFor(this);
     }
-    d->parent = nullptr;
-    const QList<ViewItem *> children = std::exchange(d->children, {});
+    d_func()->parent = nullptr;
+    const QList<ViewItem *> children = std::exchange(d_func()->children, {});
     for (ViewItem *child : children)
         delete child;
+    // The base cannot delete the extended part through its own type, so it is taken back
+    // here, with the payload that the base would otherwise dispose of.
+    delete d->itemData.data();
+    delete static_cast<ViewItemPrivate *>(d.release());
 }
 
 ViewItem *ViewItem::getParentItem() const
 {
-    return d->parent;
+    return d_func()->parent;
 }
 
 ViewItem *ViewItem::getChildItemAt(int row)
@@ -108,22 +137,22 @@ int ViewItem::getItemIndex() const
 ViewItem *ViewItem::child_at(int row) const
 {
     // Bounded by the count views see, so a type that cannot parent shows no children.
-    return row >= 0 && row < children_count() ? d->children.at(row) : nullptr;
+    return row >= 0 && row < children_count() ? d_func()->children.at(row) : nullptr;
 }
 
 int ViewItem::children_count() const
 {
     ItemType *type = getType();
-    return type && type->canParent() ? int(d->children.size()) : 0;
+    return type && type->canParent() ? int(d_func()->children.size()) : 0;
 }
 
 int ViewItem::item_index() const
 {
-    if (!d->parent)
+    if (!d_func()->parent)
         return -1;
-    const QList<ViewItem *> &siblings = d->parent->d->children;
+    const QList<ViewItem *> &siblings = d_func()->parent->d_func()->children;
     const int count = int(siblings.size());
-    int hint = d->rowHint.load(std::memory_order_relaxed);
+    int hint = d_func()->rowHint();
     if (hint >= 0 && hint < count && siblings.at(hint) == this)
         return hint;
     // Siblings coming and going shift a node only a little, so search outward from the hint.
@@ -131,7 +160,7 @@ int ViewItem::item_index() const
     for (int distance = 0; distance < count; ++distance) {
         for (const int row : {hint - distance, hint + distance}) {
             if (row >= 0 && row < count && siblings.at(row) == this) {
-                d->rowHint.store(row, std::memory_order_relaxed);
+                d_func()->setRowHint(row);
                 return row;
             }
         }
@@ -171,8 +200,8 @@ void ViewItem::setParentItem(ViewItem *newParent, int row)
         qWarning("ViewItem::setParentItem(): item type not allowed as child by the new parent\n");
         return;
     }
-    if (d->parent)
-        d->parent->removeChildItemAt(getItemIndex());
+    if (d_func()->parent)
+        d_func()->parent->removeChildItemAt(getItemIndex());
     if (row < 0)
         row = newParent->getChildItemCount();
     if (ViewModel *model = newParent->viewModel()) {
@@ -188,11 +217,11 @@ void ViewItem::ins_child(int row, ViewItem *child)
     if (row < 0 || !child)
         return;
     // A row past the end appends, as the end itself does.
-    row = std::min(row, int(d->children.size()));
-    child->d->parent = this;
-    d->children.insert(row, child);
-    child->d->rowHint.store(row, std::memory_order_relaxed);
-    if (ViewModel *model = d->model.data())
+    row = std::min(row, int(d_func()->children.size()));
+    child->d_func()->parent = this;
+    d_func()->children.insert(row, child);
+    child->d_func()->setRowHint(row);
+    if (ViewModel *model = d_func()->model.data())
         child->set_model(model, true);
 }
 
@@ -202,13 +231,13 @@ ViewItem *ViewItem::removeChildItemAt(int row)
     if (row < 0 || !type || !type->canParent() || row >= getChildItemCount())
         return nullptr;
     QPointer<ViewItem> removed;
-    if (ViewModel *model = d->model.data()) {
+    if (ViewModel *model = d_func()->model.data()) {
         const QList<ViewItem *> nodes = model->removeItems(row, 1, modelIndex());
         if (nodes.size() == 1)
             removed = nodes.first();
     } else {
         // The parent field stays as it was; inserting the node elsewhere overwrites it.
-        removed = d->children.takeAt(row);
+        removed = d_func()->children.takeAt(row);
     }
     return removed.data();
 }
@@ -218,13 +247,13 @@ QList<ViewItem *> ViewItem::rm_children(int first, int count)
     QList<ViewItem *> removed;
     if (first < 0 || count < 1 || first + count - 1 < first)
         return removed;
-    const int last = std::min(first + count - 1, int(d->children.size()) - 1);
+    const int last = std::min(first + count - 1, int(d_func()->children.size()) - 1);
     for (int row = last; row >= first; --row) {
-        ViewItem *node = d->children.takeAt(row);
+        ViewItem *node = d_func()->children.takeAt(row);
         if (!node)
             continue;
         node->set_model(nullptr, true);
-        node->d->parent = nullptr;
+        node->d_func()->parent = nullptr;
         removed.prepend(node);
     }
     return removed;
@@ -233,12 +262,12 @@ QList<ViewItem *> ViewItem::rm_children(int first, int count)
 QList<ViewItem *> ViewItem::removeAllChildItems()
 {
     ItemType *type = getType();
-    if (!type || !type->canParent() || d->children.isEmpty())
+    if (!type || !type->canParent() || d_func()->children.isEmpty())
         return {};
-    if (ViewModel *model = d->model.data())
+    if (ViewModel *model = d_func()->model.data())
         return model->removeItems(0, getChildItemCount(), modelIndex());
     // Detached: the nodes keep their parent field and model link.
-    return std::exchange(d->children, {});
+    return std::exchange(d_func()->children, {});
 }
 
 void ViewItem::removeAndDisposeAllChildItems()
@@ -250,12 +279,12 @@ void ViewItem::removeAndDisposeAllChildItems()
 
 void ViewItem::replace_children(const QList<ViewItem *> &children)
 {
-    d->children = children;
+    d_func()->children = children;
 }
 
 void ViewItem::sortChildren(ViewItemCompare compare)
 {
-    if (ViewModel *model = d->model.data())
+    if (ViewModel *model = d_func()->model.data())
         model->sortItems(this, compare);
     else
         sort_children(compare);
@@ -263,40 +292,42 @@ void ViewItem::sortChildren(ViewItemCompare compare)
 
 void ViewItem::sort_children(ViewItemCompare compare)
 {
-    std::sort(d->children.begin(), d->children.end(), orDefault(compare));
-    for (int row = 0; row < d->children.size(); ++row)
-        d->children.at(row)->d->rowHint.store(row, std::memory_order_relaxed);
+    QList<ViewItem *> &children = d_func()->children;
+    std::sort(children.begin(), children.end(), orDefault(compare));
+    for (int row = 0; row < children.size(); ++row)
+        children.at(row)->d_func()->setRowHint(row);
 }
 
 ViewItem *ViewItem::findSortedChild(ViewItem *probe, ViewItemCompare compare) const
 {
     compare = orDefault(compare);
-    const auto it = std::lower_bound(d->children.cbegin(), d->children.cend(), probe, compare);
-    if (it != d->children.cend() && !compare(probe, *it))
+    const QList<ViewItem *> &children = d_func()->children;
+    const auto it = std::lower_bound(children.cbegin(), children.cend(), probe, compare);
+    if (it != children.cend() && !compare(probe, *it))
         return *it;
     return nullptr;
 }
 
 void ViewItem::set_parent(ViewItem *parent)
 {
-    d->parent = parent;
+    d_func()->parent = parent;
 }
 
 void ViewItem::set_model(ViewModel *model, bool recursive)
 {
-    d->model = model;
+    d_func()->model = model;
     if (!recursive)
         return;
     const int count = getChildItemCount();
     for (int row = 0; row < count; ++row) {
-        if (ViewItem *child = d->children.at(row))
+        if (ViewItem *child = d_func()->children.at(row))
             child->set_model(model, true);
     }
 }
 
 QString ViewItem::associatedScope() const
 {
-    for (const ViewItem *node = this; node; node = node->d->parent) {
+    for (const ViewItem *node = this; node; node = node->d_func()->parent) {
         const ItemType *type = node->getType();
         const QString scope = type ? type->scope() : QString();
         if (!scope.isEmpty())
@@ -322,18 +353,18 @@ ItemPropertyBag *ViewItem::getPropertyBag()
 
 bool ViewItem::isChildNameUnique(const QString &name) const
 {
-    return std::none_of(d->children.cbegin(), d->children.cend(),
+    return std::none_of(d_func()->children.cbegin(), d_func()->children.cend(),
                         [&name](const ViewItem *child) { return child->getItemName() == name; });
 }
 
 ViewModel *ViewItem::viewModel() const
 {
-    return d->model.data();
+    return d_func()->model.data();
 }
 
 QModelIndex ViewItem::modelIndex() const
 {
-    ViewModel *model = d->model.data();
+    ViewModel *model = d_func()->model.data();
     if (!model)
         return QModelIndex();
     return model->calculateIndex(getItemIndex(), const_cast<ViewItem *>(this));
@@ -341,12 +372,12 @@ QModelIndex ViewItem::modelIndex() const
 
 void ViewItem::setExpanded(bool expand)
 {
-    ViewModel *model = d->model.data();
+    ViewModel *model = d_func()->model.data();
     ItemType *type = getType();
     if (model && type && type->canParent() && getChildItemCount() > 0) {
         const QModelIndex index = model->calculateIndex(getItemIndex(), this);
         if (index.isValid()) {
-            d->expanded = expand;
+            d_func()->setExpanded(expand);
             if (expand)
                 model->expand(index);
             else
@@ -354,25 +385,25 @@ void ViewItem::setExpanded(bool expand)
         }
         return;
     }
-    d->expanded = false;
+    d_func()->setExpanded(false);
 }
 
 bool ViewItem::expandedFlag() const
 {
-    return d->expanded;
+    return d_func()->expanded();
 }
 
 void ViewItem::setExpandedFlag(bool expanded)
 {
-    d->expanded = expanded;
+    d_func()->setExpanded(expanded);
 }
 
 void ViewItem::refresh(bool relayoutOnly)
 {
-    ViewModel *model = d->model.data();
+    ViewModel *model = d_func()->model.data();
     if (!model)
         return;
-    if (relayoutOnly && d->expanded) {
+    if (relayoutOnly && d_func()->expanded()) {
         const QModelIndex index = modelIndex();
         if (index.isValid()) {
             model->relayout(index);

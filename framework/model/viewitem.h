@@ -8,8 +8,6 @@
 #include <QtCore/qlist.h>
 #include <QtGui/qicon.h>
 
-#include <memory>
-
 QT_BEGIN_NAMESPACE
 class QAction;
 class QMenu;
@@ -104,7 +102,8 @@ private:
     void evaluateActionState(QMenu *menu, const QList<ViewItem *> &selection);
     void subSpecialTags(QAction *action, const QString &text, bool multiple) const;
 
-    std::unique_ptr<ViewItemPrivate> const d;
+    // The base's private part, which a node extends.
+    ViewItemPrivate *d_func() const;
 };
 
 } // namespace Velmora::Framework

@@ -1,7 +1,6 @@
 #include "model/viewitembase.h"
 
-#include "model/itemdata.h"
-#include "types/itemtype.h"
+#include "model/viewitembase_p.h"
 
 #include <QtCore/qmetaobject.h>
 
@@ -12,23 +11,18 @@ namespace {
 int s_property_count = -1;
 } // namespace
 
-class ViewItemBasePrivate
-{
-public:
-    QPointer<ItemType> type;
-    QString itemName;
-    QString itemPath;
-    QPointer<ItemData> itemData;
-    int itemValue = 0;
-};
-
 ViewItemBase::ViewItemBase(ItemType *type)
     : ViewItemBase(type, QString())
 {
 }
 
 ViewItemBase::ViewItemBase(ItemType *type, const QString &name)
-    : d(std::make_unique<ViewItemBasePrivate>())
+    : ViewItemBase(*new ViewItemBasePrivate, type, name)
+{
+}
+
+ViewItemBase::ViewItemBase(ViewItemBasePrivate &dd, ItemType *type, const QString &name)
+    : d(&dd)
 {
     d->type = type;
     d->itemName = name;
@@ -43,7 +37,9 @@ ViewItemBase::ViewItemBase(ItemType *type, const QString &name)
 
 ViewItemBase::~ViewItemBase()
 {
-    delete d->itemData.data();
+    // A derived node that took its private part back has disposed of the payload too.
+    if (d)
+        delete d->itemData.data();
 }
 
 ItemType *ViewItemBase::getType() const

@@ -42,14 +42,17 @@ public:
 protected:
     explicit ViewItemBase(ItemType *type);
     ViewItemBase(ItemType *type, const QString &name);
+    // Takes dd, a derived node's extension of the private part; that node's destructor takes
+    // it back (see ViewItem).
+    ViewItemBase(ViewItemBasePrivate &dd, ItemType *type, const QString &name);
     void setType(ItemType *type);
+
+    std::unique_ptr<ViewItemBasePrivate> d;
 
 private:
     friend class ItemType;
     // Replaces the pointer; the previous payload is the caller's to dispose of.
     void setItemData(ItemData *data);
-
-    std::unique_ptr<ViewItemBasePrivate> const d;
 };
 
 } // namespace Velmora::Framework
