@@ -59,9 +59,13 @@ void WriteHolderLock::unlockWrite()
         qDebug("Error: Non-holder thread attempt to unlock the write lock");
         return;
     }
-    QMutexLocker locker(&m_guard);
-    if (--m_writeCount != 0)
+    // As in lockForWrite, only the holder touches its count, so a nested unlock needs no guard.
+    if (m_writeCount > 1) {
+        --m_writeCount;
         return;
+    }
+    QMutexLocker locker(&m_guard);
+    --m_writeCount;
     m_writeHolder.store(nullptr, std::memory_order_relaxed);
     // Releasing never blocks, so it is safe under the guard.
     Internal::unlockRw(m_rwLock, Internal::LockMode::Write);

@@ -20,6 +20,7 @@
 #include <algorithm>
 #include <atomic>
 #include <utility>
+#include <vector>
 
 namespace Velmora::Framework {
 
@@ -293,7 +294,21 @@ void ViewItem::sortChildren(ViewItemCompare compare)
 void ViewItem::sort_children(ViewItemCompare compare)
 {
     QList<ViewItem *> &children = d_func()->children;
-    std::sort(children.begin(), children.end(), orDefault(compare));
+    if (compare) {
+        std::sort(children.begin(), children.end(), compare);
+    } else {
+        // The names sit beside their nodes in one array, so that comparing does not chase
+        // every node's pointers. Nobody renames a node while its parent sorts.
+        std::vector<std::pair<QStringView, ViewItem *>> named;
+        named.reserve(size_t(children.size()));
+        for (ViewItem *child : std::as_const(children))
+            named.emplace_back(child->d_func()->itemName, child);
+        std::sort(named.begin(), named.end(), [](const auto &a, const auto &b) {
+            return a.first.compare(b.first) < 0;
+        });
+        for (qsizetype row = 0; row < children.size(); ++row)
+            children[row] = named[size_t(row)].second;
+    }
     for (int row = 0; row < children.size(); ++row)
         children.at(row)->d_func()->setRowHint(row);
 }

@@ -166,6 +166,9 @@ public:
     mutable std::optional<QList<ItemType *>> childTypesCache;
     // Whether childTypes is not empty, kept with every change of it.
     std::atomic<bool> hasChildTypes{false};
+    // Set by the first mandatory child ever named, so that making a node of a type without
+    // any skips the lock.
+    std::atomic<bool> mayHaveMandatoryChildren{false};
     ItemType::ItemTypeAttributes attributes = ItemType::ItemTypeAttributes::fromInt(0x63);
     QMap<QString, IEditorFactory *> editorFactories;
     QMap<QString, QAction *> editorActions;
@@ -374,6 +377,7 @@ void ItemType::addMandatoryChild(const QString &typeId, const QString &name)
         d->childTypesChanged();
     }
     entry->mandatoryNames.append(name);
+    d->mayHaveMandatoryChildren.store(true, std::memory_order_release);
 }
 
 void ItemType::removeMandatoryChild(const QString &typeId, const QString &name)
@@ -436,7 +440,7 @@ ViewItem *ItemType::createItemInstance(QObject *parent)
 void ItemType::createItemMandatoryChildren(ViewItem *item)
 {
     const TypeRegistrar *registrar = d->registrar.data();
-    if (!registrar || !item)
+    if (!registrar || !item || !d->mayHaveMandatoryChildren.load(std::memory_order_acquire))
         return;
     QMutexLocker locker(&d->typeLock);
     for (const ChildType *entry : std::as_const(d->childTypes)) {

@@ -320,6 +320,9 @@ void tst_ViewItem::sortAndFindSortedChild()
     if (ordering >= 0)
         m_b->sortChildren(compare);
     QTEST(names(m_b), "sorted");
+    // Each child finds its new row.
+    for (int row = 0; row < m_b->getChildItemCount(); ++row)
+        QCOMPARE(m_b->getChildItemAt(row)->getItemIndex(), row);
 
     std::unique_ptr<ViewItem> probeItem(m_tree->leafItem(probe));
     const ViewItem *match = m_b->findSortedChild(probeItem.get(), compare);
@@ -362,6 +365,13 @@ void tst_ViewItem::expandAndRefreshRequests()
     m_a->setExpanded(true);
     QVERIFY(m_a->expandedFlag());
     QCOMPARE(expand.at(0).at(0).value<QModelIndex>(), m_a->modelIndex());
+    // A sibling inserted in front moves the node; it keeps its flag and finds its new row.
+    {
+        ViewModelWriteLocker locker(&model);
+        model.rootItem()->insertChildItem(m_tree->leafItem("first"), 0);
+    }
+    QCOMPARE(m_a->getItemIndex(), 1);
+    QVERIFY(m_a->expandedFlag());
     m_a->refresh(true);
     QCOMPARE(refreshed.size(), 1);
     QCOMPARE(relayout.at(0).at(0).value<QModelIndex>(), m_a->modelIndex());
