@@ -1,11 +1,12 @@
-// Feeds the input to the solution-file reader, with project paths resolved in the sandbox.
+// Feeds the input to the solution-file reader from memory. A solution read from anything but a
+// file resolves its project paths against the current folder, which the harness points at the
+// sandbox.
 
 #include "fuzzsupport.h"
 
 #include "model/viewitem.h"
 
-#include <QtCore/qdir.h>
-#include <QtCore/qfile.h>
+#include <QtCore/qbuffer.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -22,16 +23,11 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***)
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     Velmora::Fuzz::Harness &harness = Velmora::Fuzz::harness();
-    // A file in the sandbox, so relative project paths resolve there.
-    QFile file(QDir(harness.sandbox.path()).filePath(QStringLiteral("input.sln-qel")));
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return 0;
-    file.write(reinterpret_cast<const char *>(data), qint64(size));
-    file.close();
-    if (!file.open(QIODevice::ReadOnly))
-        return 0;
+    QByteArray bytes(reinterpret_cast<const char *>(data), qsizetype(size));
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
     const std::unique_ptr<Velmora::Framework::ViewItem> solution(
         harness.registrar.createItem(harness.solution->getId(), QString()));
-    harness.solution->deserialize(solution.get(), &file);
+    harness.solution->deserialize(solution.get(), &buffer);
     return 0;
 }

@@ -2,7 +2,8 @@
 
 // What every fuzz target shares: a Qt application (item types own menus and actions) and a
 // registrar with small types. The project type only ever opens files of its own sandbox, so
-// paths in an input cannot make the solution reader wander through the file system.
+// paths in an input cannot make the solution reader wander through the file system; the
+// sandbox is the current folder, against which a solution read from memory resolves them.
 
 #include "core/prompts.h"
 #include "core/typeregistrar.h"
@@ -57,6 +58,7 @@ struct Harness
         QFile file(sandbox.filePath(QStringLiteral("p.qprj")));
         if (file.open(QIODevice::WriteOnly))
             file.write("<project name=\"p\"><item typeid=\"fuzz.folder\" name=\"f\"/></project>");
+        QDir::setCurrent(sandbox.path());
     }
     ~Harness() { registrar.deallocateAll(); }
 

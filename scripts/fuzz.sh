@@ -21,8 +21,9 @@ export ASAN_OPTIONS=detect_leaks=1
 export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 status=0
 for target in "${targets[@]}"; do
-    corpus=$build/corpus/$target
-    artifacts=$build/artifacts/$target/
+    # Absolute: the targets change their current folder.
+    corpus=$PWD/$build/corpus/$target
+    artifacts=$PWD/$build/artifacts/$target/
     mkdir -p "$corpus" "$artifacts"
     cp -n fuzz/corpus/"$target"/* "$corpus"/ 2>/dev/null || true
     log=$build/fuzz_$target.log
