@@ -6,7 +6,9 @@
 #include <QtCore/qmutex.h>
 #include <QtCore/qreadwritelock.h>
 #include <QtCore/qthread.h>
+#include <QtCore/qvarlengtharray.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace Velmora::Framework {
@@ -53,7 +55,7 @@ public:
         if (index >= 0)
             ++readers[index].second;
         else
-            readers.emplaceBack(thread, 1);
+            readers.append({thread, 1});
     }
 
     // A thread must not drop a read it does not hold; that is not checked.
@@ -62,7 +64,9 @@ public:
         const int index = indexOfReader(thread);
         if (--readers[index].second != 0)
             return false;
-        readers.removeAt(index);
+        // The later readers move up one place, keeping their order.
+        std::copy(readers.begin() + index + 1, readers.end(), readers.begin() + index);
+        readers.removeLast();
         return true;
     }
 
@@ -71,8 +75,10 @@ public:
     int writeCount = 0;
     // Never held while blocking on rwLock, so a blocked thread does not stop the book-keeping.
     mutable QMutex guard;
-    // Threads in the order of their first read, each with its depth.
-    QList<std::pair<QThread *, int>> readers;
+    // Threads in the order of their first read, each with its depth. The writer's reads add
+    // and drop its entry on every query, so the few threads that read at once are kept inline:
+    // no allocation, and appending and dropping stay a few instructions.
+    QVarLengthArray<std::pair<QThread *, int>, 8> readers;
 };
 
 DeadlockFreeLock::DeadlockFreeLock()
@@ -112,7 +118,7 @@ bool DeadlockFreeLock::decrementReadReference()
 QList<std::pair<QThread *, int>> DeadlockFreeLock::readerBook() const
 {
     QMutexLocker locker(&d->guard);
-    return d->readers;
+    return QList<std::pair<QThread *, int>>(d->readers.cbegin(), d->readers.cend());
 }
 
 void DeadlockFreeLock::lockForRead()
