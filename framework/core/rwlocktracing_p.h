@@ -44,13 +44,14 @@ inline void lockRw(QReadWriteLock &lock, LockMode mode)
 #endif
 }
 
-// Tries without waiting.
+// Tries without waiting: a zero time-out, asked for directly, which spares the argument-less
+// overload's extra call on every outermost read.
 inline bool tryLockRw(QReadWriteLock &lock, LockMode mode)
 {
 #ifdef VELMORA_TSAN
     __tsan_mutex_pre_lock(&lock, tsanFlags(mode) | __tsan_mutex_try_lock);
 #endif
-    const bool locked = mode == LockMode::Read ? lock.tryLockForRead() : lock.tryLockForWrite();
+    const bool locked = mode == LockMode::Read ? lock.tryLockForRead(0) : lock.tryLockForWrite(0);
 #ifdef VELMORA_TSAN
     __tsan_mutex_post_lock(&lock, tsanFlags(mode) | __tsan_mutex_try_lock
                                | (locked ? 0u : __tsan_mutex_try_lock_failed), 0);
