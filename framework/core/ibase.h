@@ -33,7 +33,8 @@ Interface *interfaceCast(IBase *object)
     IBase *out = nullptr;
     if (!object || !object->queryInterface(qobject_interface_iid<Interface *>(), &out))
         return nullptr;
-    return reinterpret_cast<Interface *>(out);
+    // The slot already holds the interface's own part: reinterpret it, never adjust it.
+    return static_cast<Interface *>(static_cast<void *>(out));
 }
 
 } // namespace Velmora::Framework
