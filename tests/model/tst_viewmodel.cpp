@@ -8,7 +8,6 @@
 
 #include <QtCore/qmimedata.h>
 #include <QtGui/qfont.h>
-#include <QtTest/qabstractitemmodeltester.h>
 #include <QtTest/qsignalspy.h>
 
 #include <atomic>
@@ -53,28 +52,12 @@ public:
     bool acceptDrop = true;
 };
 
-// createIndex is protected; tests need indexes the model would never hand out.
-class Model : public ViewModel
-{
-public:
-    using ViewModel::ViewModel;
-    QModelIndex make(int row, int column, ViewItem *node) const
-    {
-        return createIndex(row, column, node);
-    }
-};
-
 QStringList childNames(const ViewModel &model, const QModelIndex &parent)
 {
     QStringList names;
     for (int row = 0; row < model.rowCount(parent); ++row)
         names << model.data(model.index(row, 0, parent), Qt::EditRole).toString();
     return names;
-}
-
-QList<QVariant> rows(const QModelIndex &parent, int first, int last)
-{
-    return {QVariant::fromValue(parent), first, last};
 }
 
 // Every message, debug ones included (failOnWarning sees warnings only).
@@ -103,9 +86,6 @@ bool freeForOtherThreads(ViewModel *model)
     return false;
 }
 
-using Tester = QAbstractItemModelTester;
-constexpr auto QtTestReporting = QAbstractItemModelTester::FailureReportingMode::QtTest;
-
 } // namespace
 
 class tst_ViewModel : public QObject
@@ -128,15 +108,13 @@ private slots:
         root->addChildItem(f);
         root->addChildItem(file(QStringLiteral("a")));
         root->addChildItem(file(QStringLiteral("b")));
-        m_model = std::make_unique<Model>(nullptr, root);
-        m_tester = std::make_unique<Tester>(m_model.get(), QtTestReporting);
+        m_model = std::make_unique<TestedModel>(nullptr, root);
         s_messages.clear();
         s_previousHandler = qInstallMessageHandler(&recordMessage);
     }
     void cleanup()
     {
         qInstallMessageHandler(s_previousHandler);
-        m_tester.reset();
         m_model.reset();
         m_tree.reset();
     }
@@ -160,8 +138,7 @@ private:
 
     std::unique_ptr<TestTree> m_tree;
     RecordingType *m_file = nullptr;
-    std::unique_ptr<Model> m_model;
-    std::unique_ptr<Tester> m_tester;
+    std::unique_ptr<TestedModel> m_model;
 };
 
 void tst_ViewModel::indexesFollowTheTree()
@@ -393,7 +370,6 @@ void tst_ViewModel::destructorDisposesTreeAndLogs()
     QSignalSpy rootGone(root, &QObject::destroyed);
     QSignalSpy leafGone(root->getChildItemAt(0)->getChildItemAt(1), &QObject::destroyed);
     m_model->setObjectName("Übersicht");
-    m_tester.reset();
     QTest::ignoreMessage(QtDebugMsg, "Deleting ViewModel (Übersicht)...");
     m_model.reset();
     QCOMPARE(rootGone.size(), 1);
@@ -401,8 +377,7 @@ void tst_ViewModel::destructorDisposesTreeAndLogs()
 
     // A root destroyed elsewhere is not destroyed again.
     root = m_tree->folderItem(QStringLiteral("lone"));
-    auto model = std::make_unique<ViewModel>(nullptr, root);
-    new Tester(model.get(), QtTestReporting, model.get());
+    auto model = std::make_unique<TestedModel>(nullptr, root);
     delete root;
     QCOMPARE(model->rowCount(), 0);
     QVERIFY(!model->hasChildren());

@@ -4,10 +4,14 @@
 #include "model/viewitem.h"
 #include "types/itemtype.h"
 #include "model/itemdata.h"
+#include "model/ordereditem.h"
+#include "model/viewmodel.h"
 #include "types/itemtypefile.h"
 
+#include <QtCore/qdir.h>
 #include <QtCore/qfile.h>
 #include <QtCore/qstring.h>
+#include <QtTest/qabstractitemmodeltester.h>
 
 namespace Velmora::Tests {
 
@@ -135,6 +139,49 @@ inline bool writeFile(const QString &path, const QByteArray &bytes)
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
+
+// A view model that QAbstractItemModelTester checks for its whole life (the tester goes first).
+// It also makes indexes that the model itself would never hand out.
+class TestedModel : public Velmora::Framework::ViewModel
+{
+public:
+    using ViewModel::ViewModel;
+    QModelIndex make(int row, int column, Velmora::Framework::ViewItem *node) const
+    {
+        return createIndex(row, column, node);
+    }
+
+private:
+    QAbstractItemModelTester m_tester{this, QAbstractItemModelTester::FailureReportingMode::QtTest};
+};
+
+// The arguments of a rows signal.
+inline QList<QVariant> rows(const QModelIndex &parent, int first, int last)
+{
+    return {QVariant::fromValue(parent), first, last};
+}
+
+// The texts of a type's context-menu entries for the item, "-" for a separator.
+inline QStringList menuTexts(Velmora::Framework::ItemType *type, Velmora::Framework::ViewItem *item,
+                             const QList<Velmora::Framework::ViewItem *> &selection)
+{
+    QList<Velmora::Framework::OrderedItem *> entries; // the type's own
+    type->contextMenu(item, selection, entries);
+    QStringList texts;
+    for (const Velmora::Framework::OrderedItem *entry : std::as_const(entries))
+        texts.append(entry->object() ? entry->text() : QStringLiteral("-"));
+    return texts;
+}
+
+// Puts the process back into the folder it was in; opening and saving files move it on purpose.
+class CurrentDirGuard
+{
+public:
+    ~CurrentDirGuard() { QDir::setCurrent(m_previous); }
+
+private:
+    const QString m_previous = QDir::currentPath();
+};
 
 // "name[child,child[...]]": the names and nesting of a whole tree.
 inline QString outline(const Velmora::Framework::ViewItem *item)
