@@ -8,12 +8,8 @@
 #include "types/typeselectmodel.h"
 
 #include <QtCore/qdir.h>
-#include <QtCore/qmimedata.h>
 #include <QtCore/qpointer.h>
 #include <QtCore/qtemporarydir.h>
-#include <QtGui/qclipboard.h>
-#include <QtGui/qguiapplication.h>
-#include <QtTest/qabstractitemmodeltester.h>
 #include <QtTest/qsignalspy.h>
 #include <QtWidgets/qlineedit.h>
 #include <QtWidgets/qlistview.h>
@@ -66,13 +62,12 @@ private slots:
     void addRoutinesWarn();
     void addExistingOpensTheFile();
     void removeTakesAFolderWithItsChildOnce();
-    void baseTypeLeavesTheClipboardAlone();
     void renameFollowsTheNamingRules_data();
     void renameFollowsTheNamingRules();
 
 private:
-    // A folder type over two file types, and a model over a root folder with a tester for its
-    // whole life. The model goes first, while its items' types still exist.
+    // A folder type over two file types, and a tested model over a root folder. The model goes
+    // first, while its items' types still exist.
     struct Fixture
     {
         Fixture()
@@ -94,9 +89,7 @@ private:
         TestFileType data{u"Data"_s};
         TestFileType notes{u"Notes"_s, u".txt"_s, u"Notes (*.txt)"_s};
         TypeRegistrar registrar{&window};
-        ViewModel model{nullptr, folder.createItemInstance(u"root"_s, nullptr)};
-        QAbstractItemModelTester tester{&model,
-                                        QAbstractItemModelTester::FailureReportingMode::QtTest};
+        TestedModel model{nullptr, folder.createItemInstance(u"root"_s, nullptr)};
         ViewItem *root = model.rootItem();
     };
     std::unique_ptr<Fixture> f;
@@ -111,7 +104,6 @@ void tst_ItemOperations::init()
 void tst_ItemOperations::cleanup()
 {
     f.reset();
-    QGuiApplication::clipboard()->clear();
 }
 
 void tst_ItemOperations::addNewThroughTheDialog()
@@ -221,21 +213,6 @@ void tst_ItemOperations::removeTakesAFolderWithItsChildOnce()
     QTRY_COMPARE(folderGone.size(), 1);
     QCOMPARE(childGone.size(), 1);
     QCOMPARE(outline(f->root), u"root[s]"_s);
-}
-
-void tst_ItemOperations::baseTypeLeavesTheClipboardAlone()
-{
-    const std::unique_ptr<ViewItem> item(f->make(u"n"_s));
-    QClipboard *clipboard = QGuiApplication::clipboard();
-    auto *held = new QMimeData;
-    held->setText(u"held"_s);
-    clipboard->setMimeData(held);
-
-    QVERIFY(!f->folder.cut(item.get()));
-    QVERIFY(!f->folder.copy(Items{item.get()}));
-    QVERIFY(!f->folder.paste(item.get()));
-    QCOMPARE(clipboard->mimeData(), held);
-    QCOMPARE(clipboard->text(), u"held"_s);
 }
 
 void tst_ItemOperations::renameFollowsTheNamingRules_data()
