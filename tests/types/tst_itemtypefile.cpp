@@ -97,23 +97,20 @@ private:
         TypeRegistrar registrar{&window};
         TestFileType *type = new TestFileType; // owned by the registrar
         std::vector<std::unique_ptr<ViewItem>> items; // freed before the types
+        CurrentDirGuard cwd; // opening and saving move the process on purpose
     };
     std::unique_ptr<Fixture> f;
-    QString m_previousDir;
 };
 
 void tst_ItemTypeFile::init()
 {
     Velmora::Tests::failOnUnexpectedWarnings();
-    // Opening and saving move the current directory on purpose.
-    m_previousDir = QDir::currentPath();
     f = std::make_unique<Fixture>();
     QVERIFY(f->dir.isValid());
 }
 
 void tst_ItemTypeFile::cleanup()
 {
-    QDir::setCurrent(m_previousDir);
     f.reset();
 }
 
@@ -221,14 +218,7 @@ void tst_ItemTypeFile::saveAsksOnlyWhenItMust()
 void tst_ItemTypeFile::fileMenuEntriesFollowTheFlags()
 {
     ViewItem *item = make(u"n"_s);
-    const auto texts = [&] {
-        QList<OrderedItem *> entries;
-        f->type->contextMenu(item, {item}, entries);
-        QStringList texts;
-        for (const OrderedItem *entry : std::as_const(entries))
-            texts.append(entry->object() ? entry->text() : u"-"_s);
-        return texts;
-    };
+    const auto texts = [&] { return menuTexts(f->type, item, {item}); };
     // defMenus 0xAC keeps cut, copy and remove of the generic entries.
     const QStringList generic{u"-"_s, u"Cu&t"_s, u"Cop&y"_s, u"Remo&ve"_s};
     QCOMPARE(texts(), QStringList({u"-"_s, u"-"_s, u"&Save _name_"_s, u"Save _name_ &As..."_s,

@@ -59,24 +59,21 @@ private:
         AugmentableRegistrar augments;
         Velmora::Tests::TestTree tree; // its registrar owns the types
         Velmora::Tests::TestFileType *type = new Velmora::Tests::TestFileType;
-        std::vector<std::unique_ptr<ViewItem>> items; // freed first
+        std::vector<std::unique_ptr<ViewItem>> items; // freed before the types
+        Velmora::Tests::CurrentDirGuard cwd; // the companion moves the process into the folder
     };
     std::unique_ptr<Fixture> f;
-    QString m_previousDir;
 };
 
 void tst_TypeCompanions::init()
 {
     Velmora::Tests::failOnUnexpectedWarnings();
-    // The companion moves the process into the files' folder.
-    m_previousDir = QDir::currentPath();
     f = std::make_unique<Fixture>();
     QVERIFY(f->dir.isValid());
 }
 
 void tst_TypeCompanions::cleanup()
 {
-    QDir::setCurrent(m_previousDir);
     f.reset();
 }
 
