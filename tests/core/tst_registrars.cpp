@@ -23,11 +23,9 @@ private slots:
     void init() { Velmora::Tests::failOnUnexpectedWarnings(); }
 
     void serviceLastRegistrationWins();
-    void serviceUnregister();
     void dataFirstRegistrationWins();
-    void augmentablesInOrder();
+    void augmentablesInOrderUntilUnregistered();
     void augmentableMustImplementTheIdentifier();
-    void augmentableUnregisterAndDeallocate();
 };
 
 void tst_Registrars::serviceLastRegistrationWins()
@@ -47,17 +45,11 @@ void tst_Registrars::serviceLastRegistrationWins()
     QCOMPARE(registered.size(), 2);
     QCOMPARE(registered.at(1).at(0).toString(), id);
     QCOMPARE(registrar.lookup(QStringLiteral("unknown")), nullptr);
-}
 
-void tst_Registrars::serviceUnregister()
-{
-    ServiceRegistrar registrar;
     QSignalSpy unregistered(&registrar, &ServiceRegistrar::serviceUnregistered);
-    DefaultAggregatable service;
-    const QString id = QStringLiteral("a"), nullId = QStringLiteral("null");
-
+    const QString nullId = QStringLiteral("null");
     QTest::ignoreMessage(QtWarningMsg, "Service not registered.\n");
-    QCOMPARE(registrar.unregisterService(id), nullptr);
+    QCOMPARE(registrar.unregisterService(nullId), nullptr);
 
     // A null service is stored like any other, but leaves without a signal.
     QVERIFY(registrar.registerService(nullId, nullptr));
@@ -66,11 +58,10 @@ void tst_Registrars::serviceUnregister()
     QVERIFY(!registrar.isRegistered(nullId));
     QCOMPARE(unregistered.size(), 0);
 
-    QVERIFY(registrar.registerService(id, &service));
-    QCOMPARE(registrar.unregisterService(id), static_cast<IBase *>(&service));
+    QCOMPARE(registrar.unregisterService(id), static_cast<IBase *>(&second));
     QCOMPARE(unregistered.size(), 1);
 
-    QVERIFY(registrar.registerService(id, &service));
+    QVERIFY(registrar.registerService(id, &first));
     registrar.unregisterAll();
     QVERIFY(!registrar.isRegistered(id));
     QCOMPARE(unregistered.size(), 1);
@@ -107,7 +98,7 @@ void tst_Registrars::dataFirstRegistrationWins()
     QCOMPARE(registrar.lookup(name), QVariant(5));
 }
 
-void tst_Registrars::augmentablesInOrder()
+void tst_Registrars::augmentablesInOrderUntilUnregistered()
 {
     AugmentableRegistrar registrar;
     DefaultGenericAugmentable a, b, c;
@@ -116,11 +107,23 @@ void tst_Registrars::augmentablesInOrder()
     QVERIFY(registrar.registerInterface(genericId, &b, 0));
     QVERIFY(registrar.registerInterface(genericId, &c, 10));
     QVERIFY(registrar.registerInterface(genericId, &b, 10)); // twice: occurs twice
-    QCOMPARE(registrar.getIfList(genericId),
-             (QList<IBase *>{&b, &a, &c, &b}));
+    QCOMPARE(registrar.getIfList(genericId), (QList<IBase *>{&b, &a, &c, &b}));
 
     QVERIFY(registrar.getIfList(QString()).isEmpty());
     QVERIFY(registrar.getIfList(QStringLiteral("unknown")).isEmpty());
+
+    // Unregistering takes out the first entry of the interface, once per call.
+    QVERIFY(!registrar.unregisterInterface(QString(), &a));
+    QVERIFY(!registrar.unregisterInterface(genericId, nullptr));
+    QVERIFY(!registrar.unregisterInterface(QStringLiteral("unknown"), &b));
+    QVERIFY(registrar.unregisterInterface(genericId, &b));
+    QCOMPARE(registrar.getIfList(genericId), (QList<IBase *>{&a, &c, &b}));
+    QVERIFY(registrar.unregisterInterface(genericId, &b));
+    QVERIFY(!registrar.unregisterInterface(genericId, &b));
+    registrar.deallocateAll();
+    QVERIFY(registrar.getIfList(genericId).isEmpty());
+    // The interfaces outlive their entries.
+    QVERIFY(a.canAddNew({}, {}) && c.canAddNew({}, {}));
 }
 
 void tst_Registrars::augmentableMustImplementTheIdentifier()
@@ -137,32 +140,6 @@ void tst_Registrars::augmentableMustImplementTheIdentifier()
     // Any name the query answers will do, and the interface passed in is the one stored.
     QVERIFY(registrar.registerInterface(QStringLiteral("IAugmentableFile"), &file, 0));
     QCOMPARE(registrar.getIfList(QStringLiteral("IAugmentableFile")), QList<IBase *>{&file});
-}
-
-void tst_Registrars::augmentableUnregisterAndDeallocate()
-{
-    AugmentableRegistrar registrar;
-    DefaultGenericAugmentable a, b;
-
-    QVERIFY(registrar.registerInterface(genericId, &a, 1));
-    QVERIFY(registrar.registerInterface(genericId, &b, 2));
-    QVERIFY(registrar.registerInterface(genericId, &a, 3));
-
-    QVERIFY(!registrar.unregisterInterface(QString(), &a));
-    QVERIFY(!registrar.unregisterInterface(genericId, nullptr));
-    QVERIFY(!registrar.unregisterInterface(QStringLiteral("unknown"), &a));
-    QVERIFY(registrar.unregisterInterface(genericId, &a));
-    QCOMPARE(registrar.getIfList(genericId), (QList<IBase *>{&b, &a}));
-    QVERIFY(registrar.unregisterInterface(genericId, &a));
-    QVERIFY(!registrar.unregisterInterface(genericId, &a));
-    QVERIFY(registrar.unregisterInterface(genericId, &b));
-    QVERIFY(registrar.getIfList(genericId).isEmpty());
-
-    QVERIFY(registrar.registerInterface(genericId, &a, 0));
-    registrar.deallocateAll();
-    QVERIFY(registrar.getIfList(genericId).isEmpty());
-    // The interfaces outlive their entries.
-    QVERIFY(a.canAddNew({}, {}));
 }
 
 VELMORA_TEST(tst_Registrars);

@@ -28,7 +28,6 @@ private slots:
     void registerOverwritesSameId();
     void findAll_data();
     void findAll();
-    void createItemOfType();
     void deallocateAllUnregistersThenDeletes();
 
 private:
@@ -70,6 +69,10 @@ void tst_TypeRegistrar::registerAndUnregister()
     QCOMPARE(m_registrar->lookupByClassName(u"TestType"_s), nullptr);
     emit type->propertyWindowRequested();
     QCOMPARE(requested.size(), 1);
+    QCOMPARE(m_registrar->createItem(u"unknown"_s, u"x"_s), nullptr);
+    // The parent is the creation context of the data, not a Qt parent: the caller owns the item.
+    std::unique_ptr<ViewItem> item(m_registrar->createItem(u"b"_s, u"first"_s, this));
+    QVERIFY(item->getType() == derived && item->getItemName() == u"first"_s && !item->parent());
 
     QTest::ignoreMessage(QtWarningMsg, "Type ghost not registered.");
     QCOMPARE(m_registrar->unregisterType(u"ghost"_s), nullptr);
@@ -134,17 +137,6 @@ void tst_TypeRegistrar::findAll()
         ids.append(type->getId());
     ids.sort(); // hash order is no promise
     QCOMPARE(ids, expected);
-}
-
-void tst_TypeRegistrar::createItemOfType()
-{
-    auto *type = new TestType(u"leaf"_s);
-    m_registrar->registerType(type);
-    QCOMPARE(m_registrar->createItem(u"unknown"_s, u"x"_s), nullptr);
-    std::unique_ptr<ViewItem> item(m_registrar->createItem(u"leaf"_s, u"first"_s, this));
-    QVERIFY(item->getType() == type && item->getItemName() == u"first"_s);
-    // The parent is the creation context of the data, not a Qt parent: the caller owns it.
-    QCOMPARE(item->parent(), nullptr);
 }
 
 void tst_TypeRegistrar::deallocateAllUnregistersThenDeletes()
