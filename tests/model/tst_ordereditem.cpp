@@ -19,8 +19,7 @@ private slots:
     void init() { Velmora::Tests::failOnUnexpectedWarnings(); }
 
     void capturesTextAtConstruction();
-    void deletesItsObject();
-    void survivesObjectDeletedElsewhere();
+    void deletesItsObjectUnlessGoneAlready();
     void stableAscendingOrder();
 };
 
@@ -43,7 +42,7 @@ void tst_OrderedItem::capturesTextAtConstruction()
     QVERIFY(other.object());
 }
 
-void tst_OrderedItem::deletesItsObject()
+void tst_OrderedItem::deletesItsObjectUnlessGoneAlready()
 {
     auto *action = new QAction(QStringLiteral("Cu&t"));
     QSignalSpy destroyed(action, &QObject::destroyed);
@@ -51,13 +50,10 @@ void tst_OrderedItem::deletesItsObject()
     QCOMPARE(entry->object(), action);
     entry.reset();
     QCOMPARE(destroyed.size(), 1);
-}
 
-void tst_OrderedItem::survivesObjectDeletedElsewhere()
-{
     // An action with a Qt parent may go first when its owner is torn down.
     auto parent = std::make_unique<QObject>();
-    auto entry = std::make_unique<OrderedItem>(1, new QAction(QStringLiteral("x"), parent.get()));
+    entry = std::make_unique<OrderedItem>(1, new QAction(QStringLiteral("x"), parent.get()));
     parent.reset();
     QCOMPARE(entry->object(), nullptr);
     QCOMPARE(entry->text(), QStringLiteral("x"));
