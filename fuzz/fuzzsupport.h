@@ -7,15 +7,19 @@
 
 #include "core/prompts.h"
 #include "core/typeregistrar.h"
+#include "model/viewitem.h"
 #include "types/itemtypefolder.h"
 #include "types/itemtypeproject.h"
 #include "types/itemtypesolution.h"
 
+#include <QtCore/qbuffer.h>
 #include <QtCore/qdir.h>
 #include <QtCore/qfileinfo.h>
 #include <QtCore/qtemporarydir.h>
 #include <QtWidgets/qapplication.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 
 namespace Velmora::Fuzz {
@@ -89,4 +93,25 @@ inline Harness &harness()
     return instance;
 }
 
+// Reads the input from memory into a new item of the type, as the type's file reader does.
+inline void readFromMemory(Framework::ItemTypeSerializable *type, const QString &name,
+                           const uint8_t *data, size_t size)
+{
+    QByteArray bytes(reinterpret_cast<const char *>(data), qsizetype(size));
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    const std::unique_ptr<Framework::ViewItem> item(
+        harness().registrar.createItem(type->getId(), name));
+    type->deserialize(item.get(), &buffer);
+}
+
 } // namespace Velmora::Fuzz
+
+// Builds the application and the types before the first input, so that the fuzzer's leak
+// check does not take them for leaks of that input. Each reader target includes this header
+// from its one source file.
+extern "C" int LLVMFuzzerInitialize(int *, char ***)
+{
+    Velmora::Fuzz::harness();
+    return 0;
+}
