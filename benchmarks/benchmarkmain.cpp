@@ -18,6 +18,7 @@ void dropDebugMessages(QtMsgType type, const QMessageLogContext &context, const 
 int main(int argc, char **argv)
 {
     qInstallMessageHandler(dropDebugMessages);
+    Velmora::Benchmarks::keepFreedMemory();
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
