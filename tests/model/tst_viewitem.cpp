@@ -1,4 +1,5 @@
 #include "testsupport.h"
+#include "testedmodel.h"
 #include "testtypes.h"
 
 #include "core/iavailable.h"

@@ -5,13 +5,11 @@
 #include "types/itemtype.h"
 #include "model/itemdata.h"
 #include "model/ordereditem.h"
-#include "model/viewmodel.h"
 #include "types/itemtypefile.h"
 
 #include <QtCore/qdir.h>
 #include <QtCore/qfile.h>
 #include <QtCore/qstring.h>
-#include <QtTest/qabstractitemmodeltester.h>
 
 namespace Velmora::Tests {
 
@@ -139,21 +137,6 @@ inline bool writeFile(const QString &path, const QByteArray &bytes)
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
-
-// A view model that QAbstractItemModelTester checks for its whole life (the tester goes first).
-// It also makes indexes that the model itself would never hand out.
-class TestedModel : public Velmora::Framework::ViewModel
-{
-public:
-    using ViewModel::ViewModel;
-    QModelIndex make(int row, int column, Velmora::Framework::ViewItem *node) const
-    {
-        return createIndex(row, column, node);
-    }
-
-private:
-    QAbstractItemModelTester m_tester{this, QAbstractItemModelTester::FailureReportingMode::QtTest};
-};
 
 // The arguments of a rows signal.
 inline QList<QVariant> rows(const QModelIndex &parent, int first, int last)

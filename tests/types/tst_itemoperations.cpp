@@ -1,5 +1,6 @@
 #include "testsupport.h"
 #include "scriptedprompts.h"
+#include "testedmodel.h"
 #include "testtypes.h"
 
 #include "model/viewmodel.h"
