@@ -2,6 +2,7 @@
 
 #include "core/iaugmentablefile.h"
 #include "core/prompts.h"
+#include "core/savefile_p.h"
 #include "core/typeregistrar.h"
 #include "model/itemdata.h"
 #include "model/itemutils.h"
@@ -10,7 +11,7 @@
 
 #include <QtCore/qdir.h>
 #include <QtCore/qfile.h>
-#include <QtCore/qsavefile.h>
+#include <QtCore/qfileinfo.h>
 #include <QtCore/qsignalmapper.h>
 #include <QtGui/qaction.h>
 
@@ -252,8 +253,10 @@ bool ItemTypeFile::open_routine(const QList<ViewItem *> &items, const QStringLis
         }
         if (path.isEmpty() || !canHandle(path))
             continue;
+        // A FIFO would block the open until some writer came; devices and sockets hold no
+        // item either.
         QFile file(path);
-        if (!file.open(QIODevice::ReadOnly))
+        if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
             continue;
         // Deliberately the last answer: an earlier failure is hidden by a later success.
         result = deserialize(item, &file);
@@ -293,15 +296,7 @@ bool ItemTypeFile::saveItem(ViewItem *item, QString path, int mode)
         if (!canHandle(path))
             return false;
     }
-    // The old file is replaced only once the whole document is written.
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return false;
-    if (!serialize(item, &file)) {
-        file.cancelWriting();
-        return false;
-    }
-    if (!file.commit())
+    if (!Internal::saveFile(path, [&](QIODevice *device) { return serialize(item, device); }))
         return false;
     if (ItemData *data = item->getItemData())
         data->setDirty(false);

@@ -1,0 +1,26 @@
+#include "core/savefile_p.h"
+
+#include <QtCore/qfileinfo.h>
+#include <QtCore/qsavefile.h>
+
+namespace Velmora::Framework::Internal {
+
+bool saveFile(const QString &path, const std::function<bool(QIODevice *)> &write)
+{
+    // Renaming over a device or a FIFO would replace it, as root even /dev/null.
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile())
+        return false;
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return false;
+    // Writes are buffered, so a full disk may only show when the buffer is flushed, and some
+    // Qt versions rename the short file over the old one in commit() all the same.
+    if (!write(&file) || !file.flush() || file.error() != QFileDevice::NoError) {
+        file.cancelWriting();
+        return false;
+    }
+    return file.commit();
+}
+
+} // namespace Velmora::Framework::Internal
