@@ -11,25 +11,47 @@ namespace Velmora::Framework {
 
 namespace {
 
-const QString projectTag = QStringLiteral("project");
-const QString itemTag = QStringLiteral("item");
-const QString typeIdAttribute = QStringLiteral("typeid");
-const QString nameAttribute = QStringLiteral("name");
-const QString pathAttribute = QStringLiteral("path");
+namespace Xml = Internal::XmlName;
 
-void serializeChildren(const ViewItem *item, Internal::XmlWriter &writer)
+void serializeChildren(const ViewItem *parent, Internal::XmlWriter &writer)
 {
-    const int count = item->getChildItemCount();
+    const int count = parent->getChildItemCount();
     for (int row = 0; row < count; ++row) {
-        const ViewItem *child = item->getChildItemAt(row);
+        const ViewItem *child = parent->getChildItemAt(row);
         const ItemType *type = child ? child->getType() : nullptr;
         if (!type)
             continue;
-        writer.startElement(itemTag, {{typeIdAttribute, type->getId()},
-                                      {nameAttribute, child->getItemName()},
-                                      {pathAttribute, child->getItemPath()}});
+        writer.startElement(Xml::item, {{Xml::typeId, type->getId()},
+                                        {Xml::name, child->getItemName()},
+                                        {Xml::path, child->getItemPath()}});
         serializeChildren(child, writer);
         writer.endElement();
+    }
+}
+
+// An item element read from a project file, of a registered type.
+struct ItemRecord
+{
+    QString typeId;
+    QString name;
+    std::vector<ItemRecord> children;
+};
+
+// Reads the item elements inside the reader's current element. Other elements, and items
+// whose type id is empty or unknown, are skipped with everything inside them.
+void readItems(Internal::XmlReader &reader, const TypeRegistrar &registrar,
+               std::vector<ItemRecord> &items)
+{
+    while (reader.readNextChild()) {
+        const QString id = reader.tag() == Xml::item ? reader.attribute(Xml::typeId) : QString();
+        if (id.isEmpty() || !registrar.lookup(id)) {
+            reader.skipElement();
+            continue;
+        }
+        // The path is written for every item but deliberately not read: a loaded item has
+        // no path until its own type sets one.
+        ItemRecord &record = items.emplace_back(ItemRecord{id, reader.attribute(Xml::name), {}});
+        readItems(reader, registrar, record.children);
     }
 }
 
@@ -88,8 +110,8 @@ bool ItemTypeProject::serialize(ViewItem *project, QIODevice *device)
 {
     if (!project || !device)
         return false;
-    Internal::XmlWriter writer(projectTag);
-    writer.startElement(projectTag, {{nameAttribute, project->getItemName()}});
+    Internal::XmlWriter writer(Xml::project);
+    writer.startElement(Xml::project, {{Xml::name, project->getItemName()}});
     serializeChildren(project, writer);
     writer.endElement();
     return device->write(writer.bytes()) == writer.bytes().size();
@@ -100,41 +122,46 @@ bool ItemTypeProject::deserialize(ViewItem *project, QIODevice *device)
     TypeRegistrar *registrar = this->registrar();
     if (!project || !device || !registrar)
         return false;
-    Internal::XmlElement root;
-    const Internal::RootReading reading =
-        Internal::readRoot(device, "ItemTypeProject::deserialize()", projectTag, root);
-    if (reading != Internal::RootReading::Read)
-        return reading == Internal::RootReading::OtherRoot; // another root loads nothing
-    project->setItemName(Internal::rootName(root));
-    deserializeChildren(project, root, registrar);
-    return true;
-}
-
-void ItemTypeProject::deserializeChildren(ViewItem *item, const Internal::XmlElement &element,
-                                          TypeRegistrar *registrar)
-{
-    for (const Internal::XmlElement &child : element.children) {
-        if (child.tag != itemTag)
-            continue;
-        const QString typeId = child.attribute(typeIdAttribute);
-        if (typeId.isEmpty())
-            continue;
-        const QString name = child.attribute(nameAttribute);
-        // The path is written for every item but deliberately not applied: a loaded item has
-        // no path until its own type sets one.
-        ViewItem *node = existingMandatoryChild(item, typeId, name);
-        if (!node) {
-            node = registrar->createItem(typeId, name, item);
-            if (!node)
-                continue;
-            item->addChildItem(node);
-            if (node->getParentItem() != item) {
-                delete node; // refused by item's type
-                continue;
-            }
-        }
-        deserializeChildren(node, child, registrar);
+    Internal::XmlReader reader(device, "ItemTypeProject::deserialize()");
+    if (!reader.readRoot())
+        return false;
+    if (reader.tag() != Xml::project) { // loads nothing
+        reader.skipElement();
+        return reader.finish();
     }
+    const QString name = reader.rootName();
+    std::vector<ItemRecord> items;
+    readItems(reader, *registrar, items);
+    // Nothing is touched unless the whole document reads.
+    if (!reader.finish())
+        return false;
+    project->setItemName(name);
+
+    // Depth first in document order, without recursion.
+    struct Level
+    {
+        ViewItem *parent;
+        const std::vector<ItemRecord> *records;
+        std::size_t next;
+    };
+    std::vector<Level> levels{{project, &items, 0}};
+    while (!levels.empty()) {
+        Level &level = levels.back();
+        if (level.next == level.records->size()) {
+            levels.pop_back();
+            continue;
+        }
+        const ItemRecord &record = level.records->at(level.next++);
+        ViewItem *parent = level.parent;
+        ViewItem *node = existingMandatoryChild(parent, record.typeId, record.name);
+        if (!node) {
+            node = registrar->createItem(record.typeId, record.name, parent);
+            if (!adoptChild(parent, node))
+                continue;
+        }
+        levels.push_back({node, &record.children, 0});
+    }
+    return true;
 }
 
 bool ItemTypeProject::close_routine(const QList<ViewItem *> &items)

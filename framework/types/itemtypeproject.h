@@ -6,10 +6,6 @@
 
 namespace Velmora::Framework {
 
-namespace Internal {
-struct XmlElement;
-}
-
 // Base of the project kinds that plug-ins contribute. It reads and writes the project file
 // for all of them: an XML "project" element named after the project, holding one "item"
 // element per child (type id, name and path), nested as the tree is. Each kind states its
@@ -41,10 +37,6 @@ protected:
     // Both dispose of every child; clearing then restores the mandatory children.
     bool close_routine(const QList<ViewItem *> &items) override;
     bool clear_routine(const QList<ViewItem *> &items) override;
-
-private:
-    void deserializeChildren(ViewItem *item, const Internal::XmlElement &element,
-                             TypeRegistrar *registrar);
 };
 
 } // namespace Velmora::Framework

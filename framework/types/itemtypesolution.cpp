@@ -17,11 +17,7 @@ namespace Velmora::Framework {
 
 namespace {
 
-const QString solutionTag = QStringLiteral("solution");
-const QString projectTag = QStringLiteral("project");
-const QString typeIdAttribute = QStringLiteral("typeid");
-const QString nameAttribute = QStringLiteral("name");
-const QString pathAttribute = QStringLiteral("path");
+namespace Xml = Internal::XmlName;
 
 ItemTypeProject *projectTypeOf(const ViewItem *item)
 {
@@ -146,8 +142,8 @@ bool ItemTypeSolution::serialize(ViewItem *solution, QIODevice *device)
 {
     if (!solution || !device)
         return false;
-    Internal::XmlWriter writer(solutionTag);
-    writer.startElement(solutionTag, {{nameAttribute, solution->getItemName()}});
+    Internal::XmlWriter writer(Xml::solution);
+    writer.startElement(Xml::solution, {{Xml::name, solution->getItemName()}});
     const QString base = baseDirectory(device);
     const int count = solution->getChildItemCount();
     for (int row = 0; row < count; ++row) {
@@ -155,10 +151,10 @@ bool ItemTypeSolution::serialize(ViewItem *solution, QIODevice *device)
         ItemTypeProject *type = projectTypeOf(child);
         if (!type || !type->save(child, QString()))
             continue;
-        writer.startElement(projectTag,
-                            {{typeIdAttribute, type->getId()},
-                             {nameAttribute, child->getItemName()},
-                             {pathAttribute, solutionRelativePath(child->getItemPath(), base)}});
+        writer.startElement(Xml::project,
+                            {{Xml::typeId, type->getId()},
+                             {Xml::name, child->getItemName()},
+                             {Xml::path, solutionRelativePath(child->getItemPath(), base)}});
         writer.endElement();
     }
     writer.endElement();
@@ -171,23 +167,38 @@ bool ItemTypeSolution::deserialize(ViewItem *solution, QIODevice *device)
     if (!solution || !device || !registrar)
         return false;
     const QString base = baseDirectory(device);
-    Internal::XmlElement root;
-    const Internal::RootReading reading =
-        Internal::readRoot(device, "ItemTypeSolution::deserialize()", solutionTag, root);
-    if (reading != Internal::RootReading::Read)
-        return reading == Internal::RootReading::OtherRoot; // another root loads nothing
-    solution->setItemName(Internal::rootName(root));
-    for (const Internal::XmlElement &element : root.children) {
-        if (element.tag != projectTag)
-            continue;
-        const QString typeId = element.attribute(typeIdAttribute);
-        const QString path = element.attribute(pathAttribute);
-        if (typeId.isEmpty())
-            continue;
-        const QString fullPath = path.isEmpty()
+    Internal::XmlReader reader(device, "ItemTypeSolution::deserialize()");
+    if (!reader.readRoot())
+        return false;
+    if (reader.tag() != Xml::solution) { // loads nothing
+        reader.skipElement();
+        return reader.finish();
+    }
+    const QString name = reader.rootName();
+    // Project elements of registered project types; their contents are never read.
+    struct Entry
+    {
+        QString typeId;
+        QString name;
+        QString path;
+    };
+    std::vector<Entry> entries;
+    while (reader.readNextChild()) {
+        const QString typeId =
+            reader.tag() == Xml::project ? reader.attribute(Xml::typeId) : QString();
+        if (!typeId.isEmpty() && qobject_cast<ItemTypeProject *>(registrar->lookup(typeId)))
+            entries.push_back({typeId, reader.attribute(Xml::name), reader.attribute(Xml::path)});
+        reader.skipElement();
+    }
+    // Nothing is touched unless the whole document reads.
+    if (!reader.finish())
+        return false;
+    solution->setItemName(name);
+    for (const Entry &entry : entries) {
+        const QString fullPath = entry.path.isEmpty()
             ? QString()
-            : QDir::cleanPath(QDir(base).absoluteFilePath(QDir::toNativeSeparators(path)));
-        ViewItem *item = registrar->createItem(typeId, element.attribute(nameAttribute), solution);
+            : QDir::cleanPath(QDir(base).absoluteFilePath(QDir::toNativeSeparators(entry.path)));
+        ViewItem *item = registrar->createItem(entry.typeId, entry.name, solution);
         ItemTypeProject *type = projectTypeOf(item);
         if (type && type->open(item, fullPath))
             adoptChild(solution, item);

@@ -3,6 +3,9 @@
 #include <QtCore/qiodevice.h>
 #include <QtCore/qxmlstream.h>
 
+#include <algorithm>
+#include <iterator>
+
 namespace Velmora::Framework::Internal {
 
 namespace {
@@ -36,84 +39,345 @@ QString escaped(const QString &text)
 
 } // namespace
 
-QString XmlElement::attribute(const QString &name) const
+// Follows the markup of the raw bytes just far enough to count what the XML reader would
+// spend unbounded time or memory on, before it sees them. Only ASCII bytes matter, which UTF-8
+// never uses inside other characters; documents in UTF-16 or UTF-32 (a byte-order mark, or NUL
+// bytes, which XML never allows) are refused as malformed.
+class XmlScanner
 {
-    for (const auto &[key, value] : attributes) {
-        if (key == name)
-            return value;
+public:
+    enum Verdict { Fine, Malformed, TooManyAttributes, TooMuchExpansion, AttributeLists };
+
+    Verdict scan(const QByteArray &chunk)
+    {
+        if (m_start && (chunk.startsWith("\xff\xfe") || chunk.startsWith("\xfe\xff")))
+            return Malformed;
+        m_start = false;
+        for (const char c : chunk) {
+            if (c == '\0')
+                return Malformed;
+            const Verdict verdict = step(c);
+            if (verdict != Fine)
+                return verdict;
+        }
+        return Fine;
     }
-    return QString();
+
+private:
+    enum State { Text, Open, StartTag, EndTag, Quoted, Bang, Comment, CData, Pi, Doctype,
+                 Subset, SubsetOpen, Reference };
+
+    Verdict step(char c)
+    {
+        switch (m_state) {
+        case Text:
+            if (c == '<')
+                m_state = Open;
+            else if (c == '&')
+                startReference(Text);
+            return Fine;
+        case Open:
+            m_attributes = 0;
+            if (c == '!' || c == '?')
+                markup(c, Text);
+            else if (c == '/')
+                m_state = EndTag;
+            else {
+                m_state = StartTag;
+                return step(c);
+            }
+            return Fine;
+        case StartTag:
+            if (c == '"' || c == '\'')
+                quote(c, StartTag);
+            else if (c == '=' && ++m_attributes > maxXmlAttributes)
+                return TooManyAttributes;
+            else if (c == '>')
+                m_state = Text;
+            return Fine;
+        case EndTag:
+            if (c == '>')
+                m_state = Text;
+            return Fine;
+        case Quoted:
+            if (c == m_quote)
+                m_state = m_return;
+            else if (c == '&' || (c == '%' && m_return != StartTag))
+                startReference(Quoted);
+            return Fine;
+        case Bang:
+            return bang(c);
+        case Comment:
+            if (c == '>' && m_marks >= 2)
+                m_state = m_return;
+            m_marks = c == '-' ? m_marks + 1 : 0;
+            return Fine;
+        case CData:
+            if (c == '>' && m_marks >= 2)
+                m_state = Text;
+            m_marks = c == ']' ? m_marks + 1 : 0;
+            return Fine;
+        case Pi:
+            if (c == '>' && m_marks > 0)
+                m_state = m_return;
+            m_marks = c == '?' ? 1 : 0;
+            return Fine;
+        case Doctype:
+            if (c == '"' || c == '\'')
+                quote(c, Doctype);
+            else if (c == '[')
+                m_state = Subset;
+            else if (c == '>')
+                m_state = Text;
+            return Fine;
+        case Subset:
+            if (c == '"' || c == '\'')
+                quote(c, Subset);
+            else if (c == '<')
+                m_state = SubsetOpen;
+            else if (c == ']')
+                m_state = Doctype;
+            else if (c == '&' || c == '%')
+                startReference(Subset);
+            return Fine;
+        case SubsetOpen:
+            if (c == '!' || c == '?')
+                markup(c, Subset);
+            else {
+                m_state = Subset;
+                return step(c);
+            }
+            return Fine;
+        case Reference:
+            return reference(c);
+        }
+        return Fine;
+    }
+
+    // After "<!" or "<?".
+    void markup(char c, State back)
+    {
+        m_pending.clear();
+        m_marks = 0;
+        m_return = back;
+        m_state = c == '!' ? Bang : Pi;
+    }
+
+    void quote(char c, State back)
+    {
+        m_quote = c;
+        m_return = back;
+        m_state = Quoted;
+    }
+
+    void startReference(State back)
+    {
+        m_pending.clear();
+        m_referenceReturn = back;
+        m_state = Reference;
+    }
+
+    // After "<!": a comment, a CDATA section, or a declaration (the document type at the top,
+    // entities and attribute lists inside it).
+    Verdict bang(char c)
+    {
+        m_pending += c;
+        m_marks = 0;
+        if (m_pending == "--") {
+            m_state = Comment;
+            return Fine;
+        }
+        if (m_return == Text && m_pending == "[CDATA[") {
+            m_state = CData;
+            return Fine;
+        }
+        if (m_return == Subset && m_pending == "ATTLIST")
+            return AttributeLists;
+        const QByteArray candidate = m_pending.startsWith('-') ? QByteArray("--")
+            : m_return == Text                                 ? QByteArray("[CDATA[")
+                                                               : QByteArray("ATTLIST");
+        if (candidate.startsWith(m_pending))
+            return Fine;
+        // Anything else is a declaration; inside the document type its quotes still count.
+        m_state = m_return == Text ? Doctype : Subset;
+        return Fine;
+    }
+
+    // After "&" (or "%" inside the document type): the five predefined entities and character
+    // references expand to one character; any other reference is counted at the most that
+    // the XML reader lets one entity expand to.
+    Verdict reference(char c)
+    {
+        if (c != ';' && (QChar::isLetterOrNumber(uchar(c)) || c == '#' || c == '_' || c == '-'
+                         || c == '.' || c == ':' || uchar(c) >= 0x80)) {
+            if (m_pending.size() < 8)
+                m_pending += c;
+            return Fine;
+        }
+        m_state = m_referenceReturn;
+        if (c != ';')
+            return step(c); // not a reference; the XML reader reports it
+        static const QByteArray predefined[] = {"amp", "lt", "gt", "apos", "quot"};
+        if (m_pending.startsWith('#')
+            || std::find(std::begin(predefined), std::end(predefined), m_pending)
+                != std::end(predefined))
+            return Fine;
+        m_expansion += maxEntityExpansion;
+        return m_expansion > maxDocumentExpansion ? TooMuchExpansion : Fine;
+    }
+
+    State m_state = Text;
+    State m_return = Text; // where a quoted value, comment, processing instruction goes back
+    State m_referenceReturn = Text;
+    char m_quote = 0;
+    int m_marks = 0; // closing characters seen in a row: "--", "]]" or "?"
+    QByteArray m_pending; // characters after "<!" or "&" not yet recognised
+    int m_attributes = 0;
+    qint64 m_expansion = 0;
+    bool m_start = true;
+};
+
+XmlReader::XmlReader(QIODevice *device, const char *caller)
+    : m_device(device)
+    , m_caller(caller)
+    , m_scanner(std::make_unique<XmlScanner>())
+{
+    m_reader.setEntityExpansionLimit(maxEntityExpansion);
 }
 
-bool XmlElement::hasAttribute(const QString &name) const
+XmlReader::~XmlReader() = default;
+
+void XmlReader::fail(Failure failure)
 {
-    for (const auto &attribute : attributes) {
-        if (attribute.first == name)
-            return true;
+    if (m_failure != Failure::None)
+        return;
+    m_failure = failure;
+    switch (failure) {
+    case Failure::None:
+    case Failure::Malformed:
+        break;
+    case Failure::TooDeep:
+        qWarning("%s: the document is nested deeper than %d levels; nothing is loaded", m_caller,
+                 maxXmlDepth);
+        break;
+    case Failure::TooManyAttributes:
+        qWarning("%s: an element has more than %d attributes; nothing is loaded", m_caller,
+                 maxXmlAttributes);
+        break;
+    case Failure::TooMuchExpansion:
+        qWarning("%s: entity references may expand to more than %d characters; nothing is "
+                 "loaded",
+                 m_caller, maxDocumentExpansion);
+        break;
+    case Failure::AttributeLists:
+        qWarning("%s: the document type declares attribute lists; nothing is loaded", m_caller);
+        break;
+    case Failure::TooLong:
+        qWarning("%s: a value is longer than %d characters; nothing is loaded", m_caller,
+                 maxXmlValueLength);
+        break;
+    }
+}
+
+bool XmlReader::feed()
+{
+    static constexpr qint64 chunkSize = 64 * 1024;
+    const QByteArray chunk = m_device->read(chunkSize);
+    if (chunk.isEmpty())
+        return false;
+    switch (m_scanner->scan(chunk)) {
+    case XmlScanner::Fine:
+        m_reader.addData(chunk);
+        return true;
+    case XmlScanner::Malformed:
+        fail(Failure::Malformed);
+        break;
+    case XmlScanner::TooManyAttributes:
+        fail(Failure::TooManyAttributes);
+        break;
+    case XmlScanner::TooMuchExpansion:
+        fail(Failure::TooMuchExpansion);
+        break;
+    case XmlScanner::AttributeLists:
+        fail(Failure::AttributeLists);
+        break;
     }
     return false;
 }
 
-XmlStatus readXml(QIODevice *device, XmlElement &root)
+QXmlStreamReader::TokenType XmlReader::next()
 {
-    root = XmlElement();
-    QXmlStreamReader reader(device);
-    XmlElement document;
-    // The chain of open elements; each is the last child of the one before.
-    std::vector<XmlElement *> open{&document};
-    while (!reader.atEnd()) {
-        switch (reader.readNext()) {
-        case QXmlStreamReader::StartElement: {
-            if (int(open.size()) > maxXmlDepth)
-                return XmlStatus::TooDeep;
-            XmlElement &element = open.back()->children.emplace_back();
-            element.tag = reader.name().toString();
-            const QXmlStreamAttributes attributes = reader.attributes();
-            element.attributes.reserve(attributes.size());
-            for (const QXmlStreamAttribute &attribute : attributes)
-                element.attributes.append({attribute.qualifiedName().toString(),
-                                           attribute.value().toString()});
-            open.push_back(&element);
-            break;
+    while (m_failure == Failure::None) {
+        const QXmlStreamReader::TokenType token = m_reader.readNext();
+        if (m_reader.error() == QXmlStreamReader::PrematureEndOfDocumentError && feed())
+            continue;
+        if (m_reader.hasError()) {
+            fail(Failure::Malformed);
+        } else if (token == QXmlStreamReader::StartElement && ++m_depth > maxXmlDepth) {
+            fail(Failure::TooDeep);
+        } else {
+            if (token == QXmlStreamReader::EndElement)
+                --m_depth;
+            return token;
         }
+    }
+    return QXmlStreamReader::Invalid;
+}
+
+bool XmlReader::readRoot()
+{
+    return readNextChild();
+}
+
+bool XmlReader::readNextChild()
+{
+    for (;;) {
+        switch (next()) {
+        case QXmlStreamReader::StartElement:
+            return true;
         case QXmlStreamReader::EndElement:
-            open.pop_back();
-            break;
+        case QXmlStreamReader::EndDocument:
+        case QXmlStreamReader::Invalid:
+            return false;
         default:
             break;
         }
     }
-    if (reader.hasError() || document.children.size() != 1)
-        return XmlStatus::Malformed;
-    root = std::move(document.children.front());
-    return XmlStatus::Ok;
 }
 
-RootReading readRoot(QIODevice *device, const char *caller, const QString &rootTag,
-                     XmlElement &root)
+void XmlReader::skipElement()
 {
-    switch (readXml(device, root)) {
-    case XmlStatus::Malformed:
-        return RootReading::Failed;
-    case XmlStatus::TooDeep:
-        qWarning("%s: the document is nested deeper than %d levels; nothing is loaded", caller,
-                 maxXmlDepth);
-        return RootReading::Failed;
-    case XmlStatus::Ok:
-        break;
+    const int depth = m_depth;
+    while (m_depth >= depth && next() != QXmlStreamReader::Invalid) {
     }
-    return root.tag == rootTag ? RootReading::Read : RootReading::OtherRoot;
 }
 
-QString rootName(const XmlElement &root)
+bool XmlReader::finish()
 {
-    const QString name = QStringLiteral("name");
-    return root.hasAttribute(name) ? root.attribute(name) : QStringLiteral("default");
+    while (m_reader.tokenType() != QXmlStreamReader::EndDocument
+           && next() != QXmlStreamReader::Invalid) {
+    }
+    return m_failure == Failure::None;
 }
 
-XmlWriter::XmlWriter(const QString &doctype)
+QString XmlReader::attribute(QLatin1String name)
 {
-    m_bytes = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE " + doctype.toUtf8() + ">\n";
+    const QStringView value = m_reader.attributes().value(name);
+    if (value.size() <= maxXmlValueLength)
+        return value.toString();
+    fail(Failure::TooLong);
+    return QString();
+}
+
+QString XmlReader::rootName()
+{
+    return m_reader.attributes().hasAttribute(XmlName::name) ? attribute(XmlName::name)
+                                                             : QStringLiteral("default");
+}
+
+XmlWriter::XmlWriter(QLatin1String doctype)
+{
+    m_bytes = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE " + QByteArray(doctype.data(), doctype.size()) + ">\n";
 }
 
 void XmlWriter::closeStartTag()
@@ -124,8 +388,8 @@ void XmlWriter::closeStartTag()
     }
 }
 
-void XmlWriter::startElement(const QString &tag,
-                             const QList<std::pair<QString, QString>> &attributes)
+void XmlWriter::startElement(QLatin1String tag,
+                             const QList<std::pair<QLatin1String, QString>> &attributes)
 {
     closeStartTag();
     QString line(int(m_open.size()) * 4, QLatin1Char(' '));
@@ -146,8 +410,8 @@ void XmlWriter::endElement()
         m_bytes += "/>\n";
         return;
     }
-    m_bytes += QString(int(m_open.size()) * 4, QLatin1Char(' ')).toUtf8() + "</" + tag.toUtf8()
-        + ">\n";
+    m_bytes += QString(int(m_open.size()) * 4, QLatin1Char(' ')).toUtf8() + "</"
+        + QByteArray(tag.data(), tag.size()) + ">\n";
 }
 
 } // namespace Velmora::Framework::Internal

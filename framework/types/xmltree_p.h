@@ -5,7 +5,9 @@
 #include <QtCore/qbytearray.h>
 #include <QtCore/qlist.h>
 #include <QtCore/qstring.h>
+#include <QtCore/qxmlstream.h>
 
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -15,44 +17,83 @@ QT_END_NAMESPACE
 
 namespace Velmora::Framework::Internal {
 
-// Documents nested deeper than this are refused whole: the tree built from them is destroyed
-// recursively, and no solution or project of the workbench comes near it.
+// The element and attribute names of solution and project files.
+namespace XmlName {
+constexpr QLatin1String solution("solution");
+constexpr QLatin1String project("project");
+constexpr QLatin1String item("item");
+constexpr QLatin1String typeId("typeid");
+constexpr QLatin1String name("name");
+constexpr QLatin1String path("path");
+} // namespace XmlName
+
+// Limits that keep a hostile file from taking unbounded memory or time. No file the workbench
+// writes comes near them; a document beyond one is refused whole, with one warning.
+//
+// Nesting: the tree built from a document is destroyed recursively.
 constexpr int maxXmlDepth = 512;
+// Attributes of one element: the XML reader compares each with all before it.
+constexpr int maxXmlAttributes = 64;
+// Characters one entity reference may expand to (the XML reader's own limit), and characters
+// that all references to declared entities together may add to a document.
+constexpr int maxEntityExpansion = 4096;
+constexpr int maxDocumentExpansion = 1 << 20;
+// Characters of a type id, name or path: the longest path that Windows accepts.
+constexpr int maxXmlValueLength = 32767;
 
-// One element with its attributes, in document order.
-struct XmlElement
+class XmlScanner;
+
+// Reads a solution or project file element by element as it streams by, keeping nothing of
+// what it skips. The device is read in chunks, each checked against the limits before the XML
+// reader sees it. Attribute-list declarations, which would add attributes to every element,
+// are refused: these files never carry them.
+class XmlReader
 {
-    QString tag;
-    QList<std::pair<QString, QString>> attributes;
-    std::vector<XmlElement> children;
+public:
+    // caller begins the warnings, such as "ItemTypeProject::deserialize()".
+    XmlReader(QIODevice *device, const char *caller);
+    ~XmlReader();
 
-    // The attribute's value; empty when missing.
-    QString attribute(const QString &name) const;
-    bool hasAttribute(const QString &name) const;
+    // Moves to the document element; false when the document fails before it.
+    bool readRoot();
+    // Moves to the next child element of the current one; false at its end or on failure.
+    bool readNextChild();
+    // Moves past the end of the current element and everything inside it.
+    void skipElement();
+    // Reads the rest of the document: true when all of it was well formed and within limits.
+    bool finish();
+
+    QStringView tag() const { return m_reader.name(); }
+    // The current element's attribute; empty when missing or longer than the limit (which
+    // fails the document).
+    QString attribute(QLatin1String name);
+    // The item name a root carries: its "name" attribute, "default" when it has none.
+    QString rootName();
+
+private:
+    enum class Failure { None, Malformed, TooDeep, TooManyAttributes, TooMuchExpansion,
+                         AttributeLists, TooLong };
+
+    QXmlStreamReader::TokenType next();
+    bool feed();
+    void fail(Failure failure);
+
+    QIODevice *m_device;
+    const char *m_caller;
+    QXmlStreamReader m_reader;
+    std::unique_ptr<XmlScanner> m_scanner;
+    int m_depth = 0;
+    Failure m_failure = Failure::None;
 };
-
-enum class XmlStatus { Ok, Malformed, TooDeep };
-
-// Reads the whole document into root; on failure root is left empty.
-XmlStatus readXml(QIODevice *device, XmlElement &root);
-
-enum class RootReading { Failed, OtherRoot, Read };
-
-// Reads the document of an item's file whose root must be tagged rootTag. A document nested
-// too deep is refused with a warning that begins with caller.
-RootReading readRoot(QIODevice *device, const char *caller, const QString &rootTag,
-                     XmlElement &root);
-// The item name a root carries: its "name" attribute, "default" when it has none.
-QString rootName(const XmlElement &root);
 
 // Writes a document in the form the DOM gives with an indent of 4: the xml declaration, the
 // document type, then the elements, with attributes in the order they were given.
 class XmlWriter
 {
 public:
-    explicit XmlWriter(const QString &doctype);
+    explicit XmlWriter(QLatin1String doctype);
 
-    void startElement(const QString &tag, const QList<std::pair<QString, QString>> &attributes);
+    void startElement(QLatin1String tag, const QList<std::pair<QLatin1String, QString>> &attributes);
     void endElement();
     // The document so far, once every element is ended.
     QByteArray bytes() const { return m_bytes; }
@@ -62,7 +103,7 @@ private:
 
     QByteArray m_bytes;
     // Open elements, and whether each has children yet.
-    std::vector<std::pair<QString, bool>> m_open;
+    std::vector<std::pair<QLatin1String, bool>> m_open;
 };
 
 } // namespace Velmora::Framework::Internal
