@@ -175,7 +175,8 @@ bool ItemTypeSolution::deserialize(ViewItem *solution, QIODevice *device)
         return reader.finish();
     }
     const QString name = reader.rootName();
-    // Project elements of registered project types; their contents are never read.
+    // Project elements of registered project types, with their full paths; their contents
+    // are never read.
     struct Entry
     {
         QString typeId;
@@ -183,11 +184,20 @@ bool ItemTypeSolution::deserialize(ViewItem *solution, QIODevice *device)
         QString path;
     };
     std::vector<Entry> entries;
+    const QDir baseDir(base);
     while (reader.readNextChild()) {
         const QString typeId =
             reader.tag() == Xml::project ? reader.attribute(Xml::typeId) : QString();
-        if (!typeId.isEmpty() && qobject_cast<ItemTypeProject *>(registrar->lookup(typeId)))
-            entries.push_back({typeId, reader.attribute(Xml::name), reader.attribute(Xml::path)});
+        if (!typeId.isEmpty() && qobject_cast<ItemTypeProject *>(registrar->lookup(typeId))) {
+            const QString path = reader.attribute(Xml::path);
+            const QString fullPath = path.isEmpty()
+                ? QString()
+                : QDir::cleanPath(baseDir.absoluteFilePath(QDir::toNativeSeparators(path)));
+            // A project without a file cannot open; keeping only the others keeps memory in
+            // proportion to what loads. An empty path is asked for when the project opens.
+            if (fullPath.isEmpty() || QFileInfo(fullPath).isFile())
+                entries.push_back({typeId, reader.attribute(Xml::name), fullPath});
+        }
         reader.skipElement();
     }
     // Nothing is touched unless the whole document reads.
@@ -195,12 +205,9 @@ bool ItemTypeSolution::deserialize(ViewItem *solution, QIODevice *device)
         return false;
     solution->setItemName(name);
     for (const Entry &entry : entries) {
-        const QString fullPath = entry.path.isEmpty()
-            ? QString()
-            : QDir::cleanPath(QDir(base).absoluteFilePath(QDir::toNativeSeparators(entry.path)));
         ViewItem *item = registrar->createItem(entry.typeId, entry.name, solution);
         ItemTypeProject *type = projectTypeOf(item);
-        if (type && type->open(item, fullPath))
+        if (type && type->open(item, entry.path))
             adoptChild(solution, item);
         else
             delete item;

@@ -256,6 +256,10 @@ void XmlReader::fail(Failure failure)
     case Failure::None:
     case Failure::Malformed:
         break;
+    case Failure::TooLarge:
+        qWarning("%s: the document is larger than %lld bytes; nothing is loaded", m_caller,
+                 maxXmlBytes);
+        break;
     case Failure::TooDeep:
         qWarning("%s: the document is nested deeper than %d levels; nothing is loaded", m_caller,
                  maxXmlDepth);
@@ -282,7 +286,15 @@ void XmlReader::fail(Failure failure)
 bool XmlReader::feed()
 {
     static constexpr qint64 chunkSize = 64 * 1024;
-    const QByteArray chunk = m_device->read(chunkSize);
+    // A file too large is refused before its first byte is read.
+    const bool tooLarge = m_read == 0 && !m_device->isSequential()
+        && m_device->size() - m_device->pos() > maxXmlBytes;
+    const QByteArray chunk = tooLarge ? QByteArray() : m_device->read(chunkSize);
+    m_read += chunk.size();
+    if (tooLarge || m_read > maxXmlBytes) {
+        fail(Failure::TooLarge);
+        return false;
+    }
     if (chunk.isEmpty())
         return false;
     switch (m_scanner->scan(chunk)) {

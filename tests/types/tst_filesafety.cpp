@@ -104,6 +104,7 @@ void tst_FileSafety::faultsLeaveFilesAlone_data()
     QTest::newRow("open project from a device") << u"device"_s << false << false;
     QTest::newRow("open project from a folder") << u"folder"_s << false << false;
     QTest::newRow("open solution listing a FIFO") << u"fifo"_s << true << false;
+    QTest::newRow("open project of 64 MiB and a byte") << u"oversized"_s << false << false;
 }
 
 // No failed save may change a byte of what was there, and no path that is not a regular
@@ -132,10 +133,17 @@ void tst_FileSafety::faultsLeaveFilesAlone()
 #endif
     if ((fault == u"fifo" || fault == u"device") && !special)
         QSKIP("Cannot make a FIFO or a device node here");
-    if (fault == u"folder")
+    const qint64 oversized = 64 * 1024 * 1024 + 1;
+    if (fault == u"folder") {
         QVERIFY(QDir().mkpath(project));
-    if (!special && fault != u"folder")
+    } else if (fault == u"oversized") { // sparse: refused before a byte is read
+        QFile huge(project);
+        QVERIFY(huge.open(QIODevice::WriteOnly) && huge.resize(oversized));
+        QTest::ignoreMessage(QtWarningMsg, "ItemTypeProject::deserialize(): the document is "
+                                           "larger than 67108864 bytes; nothing is loaded");
+    } else if (!special) {
         QVERIFY(writeFile(project, oldBytes));
+    }
     QVERIFY(writeFile(solutionFile,
                       save ? oldBytes
                            : "<solution name=\"S\"><project typeid=\"example.project\" "
@@ -172,6 +180,8 @@ void tst_FileSafety::faultsLeaveFilesAlone()
     QCOMPARE(QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), entries);
     if (special || fault == u"folder")
         QVERIFY(QFileInfo::exists(project) && !QFileInfo(project).isFile());
+    else if (fault == u"oversized")
+        QCOMPARE(QFileInfo(project).size(), oversized);
     else
         QCOMPARE(readFile(project), oldBytes);
     if (save && solution)

@@ -221,6 +221,48 @@ void tst_ProjectFiles::readersRefuseOrSkipBadInput_data()
         false, u"orig"_s, "ItemTypeProject" + tooDeep);
     row("project: 100,000 items", doc(a.repeated(100000)), true,
         u"P["_s + QStringList(100000, u"a"_s).join(u',') + u']');
+    // Limits that keep hostile files cheap, each crossed by one: attributes per element,
+    // characters that entity references may add, values, and attribute-list declarations.
+    const auto attributes = [](int count) {
+        QByteArray bytes;
+        for (int i = 0; i < count; ++i)
+            bytes += " a" + QByteArray::number(i) + "=\"\"";
+        return bytes;
+    };
+    const auto item = [](const QByteArray &name, const QByteArray &more = {}) {
+        return "<item typeid=\"example.file\" name=\"" + name + "\" path=\"\"" + more + "/>";
+    };
+    const QByteArray entity = "<!DOCTYPE project [<!ENTITY e \"" + QByteArray(4000, 'e') + "\">]>";
+    const QByteArray limit = "::deserialize(): ";
+    const QByteArray nothing = "; nothing is loaded";
+    row("project: 32 attributes", doc(item("a", attributes(29))), true, u"P[a]"_s);
+    row("project: 33 attributes refused", doc(item("a", attributes(30))), false, u"orig"_s,
+        "ItemTypeProject" + limit + "an element has more than 32 attributes" + nothing);
+    row("project: markup in comments, sections and values is no attribute",
+        doc("<!-- <x" + attributes(33) + "> -->" + "<![CDATA[<x" + attributes(33) + ">]]>"
+            + item(QByteArray(33, '='))),
+        true, u"P["_s + QString(33, u'=') + u']');
+    row("project: 256 entity references", entity + doc(QByteArray("&e;").repeated(256) + a),
+        true, u"P[a]"_s);
+    row("project: 257 entity references refused",
+        entity + doc(QByteArray("&e;").repeated(257) + a), false, u"orig"_s,
+        "ItemTypeProject" + limit + "entity references may expand to more than 1048576 "
+                                    "characters" + nothing);
+    row("project: nested entities past 4096 characters",
+        "<!DOCTYPE project [<!ENTITY a \"" + QByteArray(100, 'a') + "\"><!ENTITY b \""
+            + QByteArray("&a;").repeated(41) + "\">]>" + doc(item("&b;")),
+        false, u"orig"_s);
+    row("project: attribute-list declaration refused",
+        "<!DOCTYPE project [<!ATTLIST item x CDATA \"x\">]>" + doc(a), false, u"orig"_s,
+        "ItemTypeProject" + limit + "the document type declares attribute lists" + nothing);
+    row("project: name of 32,767 characters", doc(item(QByteArray(32767, 'n'))), true,
+        u"P["_s + QString(32767, u'n') + u']');
+    row("project: name of 32,768 characters refused", doc(item(QByteArray(32768, 'n'))), false,
+        u"orig"_s, "ItemTypeProject" + limit + "a value is longer than 32767 characters" + nothing);
+    row("project: UTF-16", "\xff\xfe" + QByteArray("<\0p\0/\0>\0", 8), false, u"orig"_s);
+    row("solution: path of 32,768 characters refused",
+        sln(entry("example.project", "./" + QByteArray(32766, 'p'))), false, u"orig"_s,
+        "ItemTypeSolution" + limit + "a value is longer than 32767 characters" + nothing);
     row("solution: wrong root", "<project name=\"S\">" + q + "</project>", true, u"orig"_s);
     row("solution: empty, unknown and non-project typeids, broken projects skipped",
         sln(entry("", "./p.qprj") + entry("test.none", "./p.qprj")
