@@ -37,6 +37,18 @@ QWidget *dialogParent(const ItemType *type)
 
 } // namespace
 
+class ItemTypeFilePrivate
+{
+public:
+    explicit ItemTypeFilePrivate(ItemTypeFile *type)
+        : fileHandler(type)
+    {
+    }
+
+    ItemTypeFile::FileActionHandler fileHandler;
+    ItemTypeFile::FileMenus fileMenus = ItemTypeFile::FileMenus::fromInt(14);
+};
+
 ItemTypeFile::FileActionHandler::FileActionHandler(ItemTypeFile *type)
 {
     setContext(type);
@@ -106,11 +118,11 @@ bool ItemTypeFile::FileActionHandler::handleCommand(const QString &command,
 
 ItemTypeFile::ItemTypeFile(QObject *parent)
     : ItemTypeSerializable(parent)
-    , m_fileHandler(this)
+    , d(std::make_unique<ItemTypeFilePrivate>(this))
 {
     setIcon(QIcon(QStringLiteral(":/qelshared/images/16/script.svg")));
     setDefMenus(DefMenus::fromInt(0xAC));
-    connect(m_fileHandler.mapper(), &QSignalMapper::mappedString, this,
+    connect(d->fileHandler.mapper(), &QSignalMapper::mappedString, this,
             [this](const QString &command) { dispatch(command); });
 
     const auto addCommand = [this](int order, const QString &text, const QString &icon,
@@ -121,7 +133,7 @@ ItemTypeFile::ItemTypeFile(QObject *parent)
             action->setIcon(QIcon(icon));
         action->setToolTip(toolTip);
         action->setStatusTip(statusTip);
-        m_fileHandler.hookupHandler(action, command);
+        d->fileHandler.hookupHandler(action, command);
         addMenuItem(action, order, fileMenusProperty, flag);
     };
     addCommand(81, tr("&Open..."), QStringLiteral(":/qelshared/images/16/noicon.svg"), tr("Open"),
@@ -159,27 +171,27 @@ QString ItemTypeFile::getDefaultPrefix() const
 
 bool ItemTypeFile::open(const QList<ViewItem *> &items)
 {
-    return m_fileHandler.handleCommand(QStringLiteral("cmdOpen"), items, QStringList());
+    return d->fileHandler.handleCommand(QStringLiteral("cmdOpen"), items, QStringList());
 }
 
 bool ItemTypeFile::open(ViewItem *item, const QString &path)
 {
-    return m_fileHandler.handleCommand(QStringLiteral("cmdOpen"), {item}, QStringList{path});
+    return d->fileHandler.handleCommand(QStringLiteral("cmdOpen"), {item}, QStringList{path});
 }
 
 bool ItemTypeFile::save(const QList<ViewItem *> &items)
 {
-    return m_fileHandler.handleCommand(QStringLiteral("cmdSave"), items, QStringList());
+    return d->fileHandler.handleCommand(QStringLiteral("cmdSave"), items, QStringList());
 }
 
 bool ItemTypeFile::save(ViewItem *item, const QString &path)
 {
-    return m_fileHandler.handleCommand(QStringLiteral("cmdSave"), {item}, QStringList{path});
+    return d->fileHandler.handleCommand(QStringLiteral("cmdSave"), {item}, QStringList{path});
 }
 
 bool ItemTypeFile::close(const QList<ViewItem *> &items)
 {
-    return m_fileHandler.handleCommand(QStringLiteral("cmdClose"), items, QVariant());
+    return d->fileHandler.handleCommand(QStringLiteral("cmdClose"), items, QVariant());
 }
 
 bool ItemTypeFile::close(ViewItem *item)
@@ -189,7 +201,7 @@ bool ItemTypeFile::close(ViewItem *item)
 
 bool ItemTypeFile::clear(const QList<ViewItem *> &items)
 {
-    return m_fileHandler.handleCommand(QStringLiteral("cmdClear"), items, QVariant());
+    return d->fileHandler.handleCommand(QStringLiteral("cmdClear"), items, QVariant());
 }
 
 bool ItemTypeFile::clear(ViewItem *item)
@@ -209,34 +221,34 @@ bool ItemTypeFile::sourceCodeControllable() const
 
 ItemTypeFile::FileMenus ItemTypeFile::fileMenus() const
 {
-    return m_fileMenus;
+    return d->fileMenus;
 }
 
 void ItemTypeFile::setFileMenus(FileMenus menus)
 {
-    m_fileMenus = menus;
+    d->fileMenus = menus;
 }
 
 uint ItemTypeFile::fileMenusValue() const
 {
-    return uint(m_fileMenus.toInt());
+    return uint(d->fileMenus.toInt());
 }
 
 void ItemTypeFile::setFileMenusValue(uint menus)
 {
-    m_fileMenus = FileMenus::fromInt(int(menus));
+    d->fileMenus = FileMenus::fromInt(int(menus));
 }
 
 bool ItemTypeFile::dispatch(const QString &command)
 {
     if (FileActionHandler::isFileCommand(command))
-        return m_fileHandler.handleCommand(command, {}, QVariant());
+        return d->fileHandler.handleCommand(command, {}, QVariant());
     return ItemTypeSerializable::dispatch(command);
 }
 
 ItemTypeFile::FileActionHandler *ItemTypeFile::fileHandler() const
 {
-    return &m_fileHandler;
+    return &d->fileHandler;
 }
 
 bool ItemTypeFile::open_routine(const QList<ViewItem *> &items, const QStringList &paths)

@@ -7,7 +7,11 @@
 
 #include <QtCore/qstringlist.h>
 
+#include <memory>
+
 namespace Velmora::Framework {
+
+class ItemTypeFilePrivate;
 
 // Base of the item types stored in files: open, save, save as, close and clear, with the
 // file dialogs, the loaded and dirty flags, and a file menu gated by the "fileMenus" property.
@@ -94,8 +98,7 @@ private:
     void setFileMenusValue(uint menus);
     bool saveItem(ViewItem *item, QString path, int mode);
 
-    mutable FileActionHandler m_fileHandler;
-    FileMenus m_fileMenus = FileMenus::fromInt(14);
+    std::unique_ptr<ItemTypeFilePrivate> const d;
 };
 
 } // namespace Velmora::Framework

@@ -2,9 +2,15 @@
 
 namespace Velmora::Framework {
 
+class ItemTypeFolderPrivate
+{
+public:
+    QIcon openIcon{QStringLiteral(":/qelshared/images/16/folderOpend.svg")};
+};
+
 ItemTypeFolder::ItemTypeFolder(QObject *parent)
     : ItemType(parent)
-    , m_openIcon(QStringLiteral(":/qelshared/images/16/folderOpend.svg"))
+    , d(std::make_unique<ItemTypeFolderPrivate>())
 {
     setIcon(QIcon(QStringLiteral(":/qelshared/images/16/folder.svg")));
 }
@@ -28,7 +34,7 @@ QString ItemTypeFolder::getDefaultPrefix() const
 
 QIcon ItemTypeFolder::getIcon(ViewItem *item, int state)
 {
-    return state != 0 ? m_openIcon : ItemType::getIcon(item, state);
+    return state != 0 ? d->openIcon : ItemType::getIcon(item, state);
 }
 
 } // namespace Velmora::Framework

@@ -4,7 +4,11 @@
 #include "types/itemtype.h"
 #include "types/itypefolder.h"
 
+#include <memory>
+
 namespace Velmora::Framework {
+
+class ItemTypeFolderPrivate;
 
 // Base of the folder kinds that plug-ins contribute; each states its own id.
 class VELMORA_FRAMEWORK_EXPORT ItemTypeFolder : public ItemType, public ITypeFolder
@@ -24,7 +28,7 @@ public:
     QIcon getIcon(ViewItem *item, int state) override;
 
 private:
-    QIcon m_openIcon;
+    std::unique_ptr<ItemTypeFolderPrivate> const d;
 };
 
 } // namespace Velmora::Framework

@@ -10,6 +10,7 @@
 #include <QtCore/qdir.h>
 #include <QtCore/qfiledevice.h>
 #include <QtCore/qfileinfo.h>
+#include <QtCore/qregularexpression.h>
 #include <QtCore/qsignalmapper.h>
 #include <QtGui/qaction.h>
 
@@ -34,9 +35,17 @@ QString baseDirectory(QIODevice *device)
 
 } // namespace
 
+class ItemTypeSolutionPrivate
+{
+public:
+    // Compiled once: every open and save asks.
+    QRegularExpression extension{QStringLiteral("\\.sln-qel$"),
+                                 QRegularExpression::CaseInsensitiveOption};
+};
+
 ItemTypeSolution::ItemTypeSolution(QObject *parent)
     : ItemTypeFile(parent)
-    , m_extension(QStringLiteral("\\.sln-qel$"), QRegularExpression::CaseInsensitiveOption)
+    , d(std::make_unique<ItemTypeSolutionPrivate>())
 {
     setIcon(QIcon(QStringLiteral(":/qelshared/images/16/solution.svg")));
     setDefMenus(DefMenus());
@@ -110,7 +119,7 @@ QString ItemTypeSolution::filter() const
 
 bool ItemTypeSolution::canHandle(const QString &path) const
 {
-    return m_extension.match(path).hasMatch();
+    return d->extension.match(path).hasMatch();
 }
 
 QList<ItemType *> ItemTypeSolution::addCandidates(ViewItem *parent) const

@@ -4,9 +4,11 @@
 #include "types/itemtypefile.h"
 #include "types/itypesolution.h"
 
-#include <QtCore/qregularexpression.h>
+#include <memory>
 
 namespace Velmora::Framework {
+
+class ItemTypeSolutionPrivate;
 
 // The root of the tree, whose children are projects. It reads and writes the solution file:
 // an XML "solution" element named after the solution, with one "project" element per project
@@ -53,7 +55,7 @@ protected:
     bool close_routine(const QList<ViewItem *> &items) override;
 
 private:
-    QRegularExpression m_extension;
+    std::unique_ptr<ItemTypeSolutionPrivate> const d;
 };
 
 } // namespace Velmora::Framework
