@@ -123,12 +123,8 @@ bool ItemTypeProject::deserialize(ViewItem *project, QIODevice *device)
     if (!project || !device || !registrar)
         return false;
     Internal::XmlReader reader(device, "ItemTypeProject::deserialize()");
-    if (!reader.readRoot())
-        return false;
-    if (reader.tag() != Xml::project) { // loads nothing
-        reader.skipElement();
-        return reader.finish();
-    }
+    if (!reader.readRoot(Xml::project))
+        return reader.finish(); // another root loads nothing and still succeeds
     const QString name = reader.rootName();
     std::vector<ItemRecord> items;
     readItems(reader, *registrar, items);

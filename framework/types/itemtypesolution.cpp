@@ -177,12 +177,8 @@ bool ItemTypeSolution::deserialize(ViewItem *solution, QIODevice *device)
         return false;
     const QString base = baseDirectory(device);
     Internal::XmlReader reader(device, "ItemTypeSolution::deserialize()");
-    if (!reader.readRoot())
-        return false;
-    if (reader.tag() != Xml::solution) { // loads nothing
-        reader.skipElement();
-        return reader.finish();
-    }
+    if (!reader.readRoot(Xml::solution))
+        return reader.finish(); // another root loads nothing and still succeeds
     const QString name = reader.rootName();
     // Project elements of registered project types, with their full paths; their contents
     // are never read.

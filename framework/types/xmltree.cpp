@@ -336,9 +336,14 @@ QXmlStreamReader::TokenType XmlReader::next()
     return QXmlStreamReader::Invalid;
 }
 
-bool XmlReader::readRoot()
+bool XmlReader::readRoot(QLatin1String tag)
 {
-    return readNextChild();
+    if (!readNextChild())
+        return false;
+    if (this->tag() == tag)
+        return true;
+    skipElement();
+    return false;
 }
 
 bool XmlReader::readNextChild()

@@ -57,8 +57,9 @@ public:
     XmlReader(QIODevice *device, const char *caller);
     ~XmlReader();
 
-    // Moves to the document element; false when the document fails before it.
-    bool readRoot();
+    // Moves to the document element and answers whether it is tagged tag. Any other root is
+    // skipped, so that finish() tells whether the rest of the document reads.
+    bool readRoot(QLatin1String tag);
     // Moves to the next child element of the current one; false at its end or on failure.
     bool readNextChild();
     // Moves past the end of the current element and everything inside it.
