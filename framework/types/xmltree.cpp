@@ -41,8 +41,8 @@ QString escaped(const QString &text)
 
 // Follows the markup of the raw bytes just far enough to count what the XML reader would
 // spend unbounded time or memory on, before it sees them. Only ASCII bytes matter, which UTF-8
-// never uses inside other characters; documents in UTF-16 or UTF-32 (a byte-order mark, or NUL
-// bytes, which XML never allows) are refused as malformed.
+// never uses inside other characters; documents in UTF-16 or UTF-32, whose markup holds NUL
+// bytes that XML never allows, are refused as malformed.
 class XmlScanner
 {
 public:
@@ -50,9 +50,6 @@ public:
 
     Verdict scan(const QByteArray &chunk)
     {
-        if (m_start && (chunk.startsWith("\xff\xfe") || chunk.startsWith("\xfe\xff")))
-            return Malformed;
-        m_start = false;
         for (const char c : chunk) {
             if (c == '\0')
                 return Malformed;
@@ -234,7 +231,6 @@ private:
     QByteArray m_pending; // characters after "<!" or "&" not yet recognised
     int m_attributes = 0;
     qint64 m_expansion = 0;
-    bool m_start = true;
 };
 
 XmlReader::XmlReader(QIODevice *device, const char *caller)
