@@ -1,5 +1,6 @@
 #include "types/itemtype.h"
 
+#include "core/applicationhooks.h"
 #include "core/augmentableregistrar.h"
 #include "core/iaugmentablegeneric.h"
 #include "core/ieditorfactory.h"
@@ -13,7 +14,6 @@
 #include "model/ordereditem.h"
 #include "model/viewitem.h"
 #include "model/viewmodel.h"
-#include "shell/application.h"
 #include "types/augmentation_p.h"
 #include "types/dialogaddnew.h"
 #include "types/itempropertysheet.h"
@@ -1208,7 +1208,7 @@ bool ItemType::GenericActionHandler::handleCommand(const QString &command,
     if (which == Cut || which == Copy) {
         mime = arg.value<QMimeData *>();
         if (!mime)
-            mime = ownMime = Application::createClipboardMimeData();
+            mime = ownMime = ApplicationHooks::createClipboardMimeData();
         arg = QVariant::fromValue(mime);
     }
     auto routine = [&] {
@@ -1235,7 +1235,7 @@ bool ItemType::GenericActionHandler::handleCommand(const QString &command,
         Internal::augmentablesFor<IAugmentableGeneric>(type), operation.can, operation.before,
         which == Rename ? nullptr : operation.after, list, arg, routine, toClipboard);
     // A mime data made here and not handed to the clipboard is ours to free.
-    Application::deleteClipboardMimeData(ownMime);
+    ApplicationHooks::deleteClipboardMimeData(ownMime);
     if (!done)
         return false;
     if (which == Remove)
