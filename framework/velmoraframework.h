@@ -5,6 +5,7 @@
 #include "velmoraframework_global.h"
 
 #include "core/actionhandler.h"
+#include "core/applicationhooks.h"
 #include "core/augmentableregistrar.h"
 #include "core/dataregistrar.h"
 #include "core/deadlockfreelock.h"
@@ -12,6 +13,7 @@
 #include "core/defaultfileaugmentable.h"
 #include "core/defaultgenericaugmentable.h"
 #include "core/editorfactory.h"
+#include "core/editorinstruction.h"
 #include "core/iaggregatable.h"
 #include "core/iaugmentablefile.h"
 #include "core/iaugmentablegeneric.h"

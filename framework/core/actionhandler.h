@@ -4,13 +4,17 @@
 #include "core/ihandler.h"
 
 #include <QtCore/qobject.h>
-#include <QtCore/qsignalmapper.h>
+
+#include <memory>
 
 QT_BEGIN_NAMESPACE
 class QAction;
+class QSignalMapper;
 QT_END_NAMESPACE
 
 namespace Velmora::Framework {
+
+class ActionHandlerPrivate;
 
 // Base of the command handlers: ties actions to command names, so one handler serves any
 // number of actions. Connect mapper()'s mappedString signal to the code that runs commands.
@@ -26,16 +30,15 @@ public:
     // a connection that could not be made. Hooking an action again maps it to the new command.
     bool hookupHandler(QAction *action, const QString &command);
 
-    QSignalMapper *mapper() { return &m_mapper; }
+    QSignalMapper *mapper();
 
 protected:
     // Reserved for the derived handler (the item type it serves); null until set. Borrowed.
-    QObject *context() const { return m_context; }
-    void setContext(QObject *context) { m_context = context; }
+    QObject *context() const;
+    void setContext(QObject *context);
 
 private:
-    QSignalMapper m_mapper;
-    QObject *m_context = nullptr;
+    std::unique_ptr<ActionHandlerPrivate> const d;
 };
 
 } // namespace Velmora::Framework

@@ -1,4 +1,5 @@
 #include "core/deadlockfreelock.h"
+#include "core/deadlockfreelock_p.h"
 
 #include "core/rwlocktracing_p.h"
 
@@ -35,6 +36,8 @@ class DeadlockFreeLockPrivate
 {
 public:
     ~DeadlockFreeLockPrivate() { Internal::forgetRw(rwLock); }
+
+    static const DeadlockFreeLockPrivate *get(const DeadlockFreeLock &lock) { return lock.d.get(); }
 
     // The helpers below expect guard to be held.
     bool isHolder(QThread *thread) const { return writeCount > 0 && writeHolder == thread; }
@@ -115,8 +118,9 @@ bool DeadlockFreeLock::decrementReadReference()
     return d->dropRead(currentThread());
 }
 
-QList<std::pair<QThread *, int>> DeadlockFreeLock::readerBook() const
+QList<std::pair<QThread *, int>> Internal::readerBook(const DeadlockFreeLock &lock)
 {
+    const DeadlockFreeLockPrivate *d = DeadlockFreeLockPrivate::get(lock);
     QMutexLocker locker(&d->guard);
     return QList<std::pair<QThread *, int>>(d->readers.cbegin(), d->readers.cend());
 }

@@ -3,15 +3,9 @@
 #include "velmoraframework_global.h"
 #include "core/ideadlockfreelock.h"
 
-#include <QtCore/qlist.h>
 #include <QtCore/qobject.h>
 
 #include <memory>
-#include <utility>
-
-QT_BEGIN_NAMESPACE
-class QThread;
-QT_END_NAMESPACE
 
 namespace Velmora::Framework {
 
@@ -43,11 +37,9 @@ protected:
     void incrementReadReference(int index);
     // Removes one read of the current thread; true when that was its last one.
     bool decrementReadReference();
-    // A copy of the read book: each reading thread with its depth, in the order of their
-    // first read. Takes the book-keeping mutex itself.
-    QList<std::pair<QThread *, int>> readerBook() const;
 
 private:
+    friend class DeadlockFreeLockPrivate;
     std::unique_ptr<DeadlockFreeLockPrivate> const d;
 };
 

@@ -2,7 +2,7 @@
 
 #include "velmoraframework_global.h"
 #include "core/ibase.h"
-#include "model/editorinstruction.h"
+#include "core/editorinstruction.h"
 
 #include <QtCore/qlist.h>
 #include <QtCore/qstring.h>

@@ -1,21 +1,11 @@
 #pragma once
 
 #include "velmoraframework_global.h"
+#include "core/editorinstruction.h"
 
-#include <QtCore/qmetatype.h>
-#include <QtCore/qstring.h>
 #include <QtCore/qstringlist.h>
-#include <QtCore/qvariant.h>
 
 namespace Velmora::Framework {
-
-// One instruction handed to an editor when an item is opened. The item type that creates the
-// editor chooses the name; the value is a list of variants, a string-keyed map, or empty.
-struct VELMORA_FRAMEWORK_EXPORT EditorInstruction
-{
-    QString name;
-    QVariant value;
-};
 
 // Fills an instruction whose value is a list of variants.
 class VELMORA_FRAMEWORK_EXPORT ListInstructionHelper
@@ -48,5 +38,3 @@ public:
 };
 
 } // namespace Velmora::Framework
-
-Q_DECLARE_METATYPE(Velmora::Framework::EditorInstruction)

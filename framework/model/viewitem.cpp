@@ -1,12 +1,12 @@
 #include "model/viewitem.h"
 
+#include "core/applicationhooks.h"
 #include "core/iaggregatable.h"
 #include "core/iavailable.h"
 #include "model/itemutils.h"
 #include "model/ordereditem.h"
 #include "model/viewitembase_p.h"
 #include "model/viewmodel.h"
-#include "shell/environment.h"
 #include "types/itemtype.h"
 
 #include <QtCore/qpointer.h>
@@ -34,13 +34,6 @@ bool byName(ViewItem *const &a, ViewItem *const &b)
 ViewItemCompare orDefault(ViewItemCompare compare)
 {
     return compare ? compare : &byName;
-}
-
-QList<IAggregatable *> environmentAggregatables()
-{
-    Environment *environment = Environment::currentEnvironment();
-    const QList<IAggregatable *> *list = environment ? environment->aggregatables() : nullptr;
-    return list ? *list : QList<IAggregatable *>();
 }
 
 } // namespace
@@ -441,7 +434,7 @@ QIcon ViewItem::getIcon(int mode) const
         const QIcon icon = type->getIcon(self, mode);
         painter.drawPixmap(4 * ratio, 0, icon.pixmap(QSize(16, 16) * ratio));
     }
-    for (IAggregatable *aggregatable : environmentAggregatables()) {
+    for (IAggregatable *aggregatable : ApplicationHooks::aggregatables()) {
         const QIcon overlay = aggregatable ? aggregatable->getIcon(self, mode) : QIcon();
         if (!overlay.isNull())
             painter.drawPixmap(0, 0, overlay.pixmap(canvas.size()));
@@ -457,7 +450,7 @@ bool ViewItem::contextMenu(QMenu *menu)
     QList<OrderedItem *> entries;
     if (ItemType *type = getType())
         type->contextMenu(this, selection, entries);
-    for (IAggregatable *aggregatable : environmentAggregatables()) {
+    for (IAggregatable *aggregatable : ApplicationHooks::aggregatables()) {
         if (aggregatable)
             aggregatable->contextMenu(this, selection, entries);
     }

@@ -1,17 +1,17 @@
 #include "shell/application.h"
 
-#include <QtCore/qmimedata.h>
+#include "core/applicationhooks.h"
 
 namespace Velmora::Framework {
 
 QMimeData *Application::createClipboardMimeData()
 {
-    return new QMimeData;
+    return ApplicationHooks::createClipboardMimeData();
 }
 
 void Application::deleteClipboardMimeData(QMimeData *mime)
 {
-    delete mime;
+    ApplicationHooks::deleteClipboardMimeData(mime);
 }
 
 } // namespace Velmora::Framework

@@ -1,12 +1,8 @@
 #include "shell/environment.h"
 
-#include <QtCore/qpointer.h>
+#include "core/applicationhooks.h"
 
 namespace Velmora::Framework {
-
-namespace {
-QPointer<Environment> s_current;
-} // namespace
 
 class EnvironmentPrivate
 {
@@ -21,9 +17,10 @@ Environment::Environment()
 
 Environment::~Environment() = default;
 
+// The lower layers know the current environment only through the core hook; this reads it back.
 Environment *Environment::currentEnvironment()
 {
-    return s_current.data();
+    return qobject_cast<Environment *>(ApplicationHooks::environment());
 }
 
 QList<IAggregatable *> *Environment::aggregatables()

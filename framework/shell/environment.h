@@ -14,8 +14,9 @@ class IAggregatable;
 
 // The single object that owns the running workbench. So far it holds the aggregatables that
 // contribute to every node's icon and context menu; the windows, registries and start-up
-// arrive with the application shell. Nothing makes an environment current yet, so
-// currentEnvironment() answers null and the item tree works without one.
+// arrive with the application shell. The environment becomes current by installing itself
+// in ApplicationHooks (core), through which the item tree reads its aggregatables; until
+// one does, currentEnvironment() answers null and the item tree works without one.
 class VELMORA_FRAMEWORK_EXPORT Environment : public QObject
 {
     Q_OBJECT

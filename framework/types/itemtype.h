@@ -157,6 +157,12 @@ public:
 
     // A new detached item with its data and mandatory children; the caller owns it.
     virtual ViewItem *createItemInstance(const QString &name, QObject *parent);
+    // Adding existing files: the open dialog's filter for this type's files, whether this
+    // type reads path, and a new item read from it (owned by the caller; null when reading
+    // fails). Types not kept in files answer empty, false and null.
+    virtual QString existingFileFilter() const;
+    virtual bool canOpenFile(const QString &path) const;
+    virtual ViewItem *createItemFromFile(const QString &path);
 
     // Editors. Null for an unknown factory id or when no factory makes one.
     virtual QWidget *createItemEditor(const QString &factoryId, ViewItem *item,

@@ -214,6 +214,25 @@ bool ItemTypeFile::mapToFile(ViewItem *item) const
     return item && !item->getItemPath().isEmpty();
 }
 
+QString ItemTypeFile::existingFileFilter() const
+{
+    return filter();
+}
+
+bool ItemTypeFile::canOpenFile(const QString &path) const
+{
+    return canHandle(path);
+}
+
+ViewItem *ItemTypeFile::createItemFromFile(const QString &path)
+{
+    ViewItem *item = createItemInstance(QString(), nullptr);
+    if (open(item, path))
+        return item;
+    delete item;
+    return nullptr;
+}
+
 bool ItemTypeFile::sourceCodeControllable() const
 {
     return true;

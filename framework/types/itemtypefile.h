@@ -73,6 +73,10 @@ public:
     virtual QString filter() const = 0;
     virtual bool canHandle(const QString &path) const = 0;
 
+    QString existingFileFilter() const override;
+    bool canOpenFile(const QString &path) const override;
+    ViewItem *createItemFromFile(const QString &path) override;
+
     bool sourceCodeControllable() const;
     FileMenus fileMenus() const;
     void setFileMenus(FileMenus menus);

@@ -4,6 +4,7 @@
 #include <QtCore/qthread.h>
 
 #include "core/deadlockfreelock.h"
+#include "core/deadlockfreelock_p.h"
 
 
 using namespace Velmora::Framework;
@@ -14,13 +15,6 @@ constexpr int timeout = Velmora::Tests::threadTimeout;
 using Velmora::Tests::await;
 using Velmora::Tests::Semaphore;
 using Velmora::Tests::Worker;
-
-// Exposes the read book, which only a derived lock may see.
-class InspectableLock : public DeadlockFreeLock
-{
-public:
-    using DeadlockFreeLock::readerBook;
-};
 
 // True when another thread could take a read lock now; gives it back at once.
 bool readableFromAnotherThread(DeadlockFreeLock &lock)
@@ -85,7 +79,7 @@ void tst_DeadlockFreeLock::reentrantReadPassesWaitingWriter()
 
 void tst_DeadlockFreeLock::writerReentersAndReads()
 {
-    InspectableLock lock;
+    DeadlockFreeLock lock;
     QVERIFY(!lock.isWriteLockHolder());
 
     lock.lockForWrite();
@@ -95,12 +89,12 @@ void tst_DeadlockFreeLock::writerReentersAndReads()
         lock.lockForRead();
     QVERIFY(lock.tryLockForRead());
     QVERIFY(lock.isWriteLockHolder());
-    QCOMPARE(lock.readerBook().size(), 1);
-    QCOMPARE(lock.readerBook().at(0).second, 4);
+    QCOMPARE(Internal::readerBook(lock).size(), 1);
+    QCOMPARE(Internal::readerBook(lock).at(0).second, 4);
 
     for (int i = 0; i < 4; ++i)
         lock.unlockRead();
-    QVERIFY(lock.readerBook().isEmpty());
+    QVERIFY(Internal::readerBook(lock).isEmpty());
     // The writer's reads are books only: the lock stays in write mode until the last unlock.
     QVERIFY(!readableFromAnotherThread(lock));
     lock.unlockWrite();
@@ -167,7 +161,7 @@ void tst_DeadlockFreeLock::nonHolderUnlockWriteIsIgnored()
 
 void tst_DeadlockFreeLock::readerBookKeepsOrder()
 {
-    InspectableLock lock;
+    DeadlockFreeLock lock;
     Semaphore held, releaseB, releaseAC, doneB;
     QThread *threadA = nullptr, *threadC = nullptr;
 
@@ -190,11 +184,11 @@ void tst_DeadlockFreeLock::readerBookKeepsOrder()
     Worker c(reader(&threadC, releaseAC, 1));
     QVERIFY(held.tryAcquire(1, timeout));
 
-    QCOMPARE(lock.readerBook().size(), 3);
-    QCOMPARE(lock.readerBook().at(1).second, 2);
+    QCOMPARE(Internal::readerBook(lock).size(), 3);
+    QCOMPARE(Internal::readerBook(lock).at(1).second, 2);
     releaseB.release();
     b.join();
-    const auto book = lock.readerBook();
+    const auto book = Internal::readerBook(lock);
     QCOMPARE(book.size(), 2);
     QCOMPARE(book.at(0), std::make_pair(threadA, 1));
     QCOMPARE(book.at(1), std::make_pair(threadC, 1));

@@ -70,7 +70,6 @@ private slots:
     void reusesTrackedEditor();
     void untrackedWidgetsAreRebuilt();
     void editorIsForgottenWhenDisposedOrDeleted();
-    void queryAnswersDeclaredNames();
 
 private:
     std::unique_ptr<TestFactory> m_factory;
@@ -144,19 +143,6 @@ void tst_EditorFactory::editorIsForgottenWhenDisposedOrDeleted()
     m_factory->createInstance(fakeItem(3), {});
     m_factory->createInstance(fakeItem(4), {});
     QCOMPARE(m_factory->hookCalls, 8);
-}
-
-void tst_EditorFactory::queryAnswersDeclaredNames()
-{
-    IBase *out = nullptr;
-    for (const char *iid :
-         {"Velmora::Framework::EditorFactory", "IEditorFactory", VELMORA_IID_IEDITORFACTORY}) {
-        QVERIFY2(m_factory->qt_metacast(iid) && m_factory->queryInterface(iid, &out) && out, iid);
-    }
-    QVERIFY(!m_factory->queryInterface(VELMORA_IID_IEDITOR, &out));
-    QCOMPARE(out, nullptr);
-    IEditorFactory *part = m_factory.get();
-    QCOMPARE(interfaceCast<IEditorFactory>(m_factory.get()), part);
 }
 
 VELMORA_TEST(tst_EditorFactory);

@@ -12,7 +12,6 @@
 #include <QtGui/qaction.h>
 #include <QtTest/qsignalspy.h>
 
-#include <algorithm>
 #include <memory>
 
 using namespace Velmora::Framework;
@@ -125,35 +124,17 @@ void tst_Interfaces::interfaceCastReturnsTheNamedPart()
     QCOMPARE(interfaceCast<IAugmentableGeneric>(&file), nullptr);
     QCOMPARE(interfaceCast<IBase>(&file), static_cast<IBase *>(&file));
     QCOMPARE(answer(&file, "IAugmentableFile"), answer(&file, VELMORA_IID_IAUGMENTABLEFILE));
-    QCOMPARE(answer(&generic, "Velmora::Framework::DefaultGenericAugmentable"),
-             static_cast<QObject *>(&generic));
     QCOMPARE(interfaceCast<IBase>(nullptr), nullptr);
-
-    // The defaults answer every hook with true, through the interface as plug-ins call them.
-    IAugmentableFile *f = interfaceCast<IAugmentableFile>(&file);
-    QVERIFY(f->canOpen({}, {}) && f->afterSave({}, {}) && f->beforeClose({}, 1) && f->afterClear({}, {}));
-    IAugmentableGeneric *g = interfaceCast<IAugmentableGeneric>(&generic);
-    QVERIFY(g->canAddNew({}, {}) && g->beforeRemove({}, {}) && g->afterPaste({}, {})
-            && g->canRename({}, QStringLiteral("x")));
 }
 
 void tst_Interfaces::orderedIfSortsStably()
 {
-    DefaultAggregatable a, b, c;
-    std::vector<std::unique_ptr<OrderedIf>> owned;
-    QList<OrderedIf *> list;
-    for (auto [iface, order] : {std::pair<IBase *, int>{&a, 5}, {&b, -1}, {&c, 5}}) {
-        owned.push_back(std::make_unique<OrderedIf>(iface, order));
-        list.append(owned.back().get());
-    }
-    std::stable_sort(list.begin(), list.end(), &OrderedIf::ascendingSort);
-    QCOMPARE(list.at(0)->iface(), static_cast<IBase *>(&b));
-    QCOMPARE(list.at(1)->iface(), static_cast<IBase *>(&a));
-    QCOMPARE(list.at(2)->iface(), static_cast<IBase *>(&c));
-
-    const OrderedIf copy(*list.at(0));
-    QCOMPARE(copy.iface(), list.at(0)->iface());
-    QCOMPARE(copy.order(), -1);
+    // Strictly less, so that a stable sort keeps equal orders in registration order.
+    DefaultAggregatable a;
+    const OrderedIf first(&a, 5), second(&a, 5), earlier(&a, -1);
+    QVERIFY(OrderedIf::ascendingSort(&earlier, &first));
+    QVERIFY(!OrderedIf::ascendingSort(&first, &earlier));
+    QVERIFY(!OrderedIf::ascendingSort(&first, &second));
 }
 
 void tst_Interfaces::hookupHandlerMapsCommands()
@@ -175,9 +156,6 @@ void tst_Interfaces::hookupHandlerMapsCommands()
     QCOMPARE(commands.size(), 2);
     QCOMPARE(commands.at(0).at(0).toString(), QStringLiteral("cmdPaste"));
     QCOMPARE(commands.at(1).at(0).toString(), QStringLiteral("cmdCopy"));
-
-    QCOMPARE(handler.qt_metacast("IHandler"), static_cast<void *>(static_cast<IHandler *>(&handler)));
-    QCOMPARE(handler.qt_metacast("Velmora::Framework::ActionHandler"), static_cast<void *>(&handler));
 }
 
 void tst_Interfaces::defaultAggregatableHelpers()
@@ -188,7 +166,6 @@ void tst_Interfaces::defaultAggregatableHelpers()
     QVERIFY(aggregatable.isType(tree.folder, QString::fromLatin1(Iid::ITypeGeneric)));
     QVERIFY(aggregatable.isType(tree.folder, QStringLiteral("Velmora::Framework::ItemType")));
     QVERIFY(!aggregatable.isType(tree.folder, QString::fromLatin1(Iid::ITypeFile)));
-    QVERIFY(aggregatable.getIcon(nullptr, 0).isNull());
 
     QVERIFY(!aggregatable.setPopulated(nullptr));
     QCOMPARE(aggregatable.contextItem(), nullptr);
@@ -197,7 +174,6 @@ void tst_Interfaces::defaultAggregatableHelpers()
     QList<OrderedItem *> entries;
     tree.folder->contextMenu(item.get(), {item.get()}, entries);
     QCOMPARE(aggregatable.contextItem(), item.get());
-    QVERIFY(!aggregatable.contextMenu(item.get(), {}, entries));
 }
 
 VELMORA_TEST(tst_Interfaces);

@@ -6,7 +6,6 @@
 #include <QtTest/qsignalspy.h>
 #include <QtWidgets/qmenu.h>
 
-#include <algorithm>
 #include <memory>
 
 using namespace Velmora::Framework;
@@ -29,17 +28,10 @@ void tst_OrderedItem::capturesTextAtConstruction()
     OrderedItem fromAction(1, action, QStringLiteral("defaultMenus"), 0x40);
     action->setText(QStringLiteral("changed"));
     QCOMPARE(fromAction.text(), QStringLiteral("Rena&me _name_"));
-
     OrderedItem fromMenu(2, new QMenu(QStringLiteral("&Edit with...")));
     QCOMPARE(fromMenu.text(), QStringLiteral("&Edit with..."));
-
-    OrderedItem separator(3, nullptr);
-    QVERIFY(separator.text().isEmpty());
-    QCOMPARE(separator.object(), nullptr);
-
     OrderedItem other(4, new QObject);
     QVERIFY(other.text().isEmpty());
-    QVERIFY(other.object());
 }
 
 void tst_OrderedItem::deletesItsObjectUnlessGoneAlready()
@@ -47,7 +39,6 @@ void tst_OrderedItem::deletesItsObjectUnlessGoneAlready()
     auto *action = new QAction(QStringLiteral("Cu&t"));
     QSignalSpy destroyed(action, &QObject::destroyed);
     auto entry = std::make_unique<OrderedItem>(65521, action);
-    QCOMPARE(entry->object(), action);
     entry.reset();
     QCOMPARE(destroyed.size(), 1);
 
@@ -62,19 +53,11 @@ void tst_OrderedItem::deletesItsObjectUnlessGoneAlready()
 
 void tst_OrderedItem::stableAscendingOrder()
 {
-    std::vector<std::unique_ptr<OrderedItem>> owned;
-    QList<OrderedItem *> entries;
-    const int orders[] = {32, 16, 32, 17, 16, 32};
-    for (int i = 0; i < 6; ++i) {
-        owned.push_back(std::make_unique<OrderedItem>(orders[i], nullptr, QString::number(i)));
-        entries.append(owned.back().get());
-    }
-    std::stable_sort(entries.begin(), entries.end(), &OrderedItem::ascendingSort);
-    QStringList tags;
-    for (const OrderedItem *entry : entries)
-        tags.append(entry->tag());
-    QCOMPARE(tags.join(QLatin1Char(' ')), QStringLiteral("1 4 3 0 2 5"));
-    QVERIFY(!OrderedItem::ascendingSort(entries.at(0), entries.at(1)));
+    // Strictly less, so that a stable sort keeps equal numbers in the order they were added.
+    const OrderedItem first(16, nullptr), second(16, nullptr), later(32, nullptr);
+    QVERIFY(OrderedItem::ascendingSort(&first, &later));
+    QVERIFY(!OrderedItem::ascendingSort(&later, &first));
+    QVERIFY(!OrderedItem::ascendingSort(&first, &second));
 }
 
 VELMORA_TEST(tst_OrderedItem);

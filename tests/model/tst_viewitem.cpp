@@ -2,6 +2,8 @@
 #include "testedmodel.h"
 #include "testtypes.h"
 
+#include "core/applicationhooks.h"
+#include "core/defaultaggregatable.h"
 #include "core/iavailable.h"
 #include "model/itemdata.h"
 #include "model/itempropertybag.h"
@@ -20,35 +22,6 @@ using namespace Velmora::Framework;
 using namespace Velmora::Tests;
 
 namespace {
-
-// Gives its nodes a payload and a default name, and logs the disposal calls of dying nodes.
-class RecordingType : public TestType
-{
-    Q_OBJECT
-
-public:
-    using TestType::TestType;
-
-    QString getDefaultName() const override { return QStringLiteral("Untitled"); }
-    ItemData *createDataInstance(QObject *parent) override { return new ItemData(parent); }
-    void aboutToDispose(ViewItem *item) override
-    {
-        log << "aboutToDispose " + item->getItemName();
-        TestType::aboutToDispose(item);
-    }
-    void disposeEditorFor(ViewItem *item) override
-    {
-        log << "disposeEditorFor " + item->getItemName();
-        TestType::disposeEditorFor(item);
-    }
-    void disposePropertyBagFor(ViewItem *item) override
-    {
-        log << "disposePropertyBagFor " + item->getItemName();
-        TestType::disposePropertyBagFor(item);
-    }
-
-    QStringList log;
-};
 
 // An action that decides its own visibility, and disables itself when asked for its state.
 class AvailabilityAction : public QAction, public IAvailable
@@ -76,6 +49,18 @@ public:
 
 private:
     bool m_available;
+};
+
+// Adds one entry to every node's menu, as the running application's aggregatables do.
+class ExtraEntry : public DefaultAggregatable
+{
+public:
+    bool contextMenu(ViewItem *, const QList<ViewItem *> &, QList<OrderedItem *> &out) override
+    {
+        out.append(&entry);
+        return true;
+    }
+    OrderedItem entry{0, new QAction(QStringLiteral("Extra"))};
 };
 
 class RefusingModel : public TestedModel
@@ -386,7 +371,7 @@ void tst_ViewItem::destructionTellsTypeParentFirstDepthFirst()
     for (const QString node : {"root", "Untitled", "a1", "a2", "b"})
         expected << "aboutToDispose " + node << "disposeEditorFor " + node
                  << "disposePropertyBagFor " + node;
-    QCOMPARE(type->log, expected);
+    QCOMPARE(type->calls, expected);
     QVERIFY(bag.isNull());
     QVERIFY(data.isNull());
 }
@@ -432,6 +417,19 @@ void tst_ViewItem::contextMenuFiltersOrdersAndNamesSelection()
     // The template, not the text left by the last menu, is substituted.
     b->contextMenu(&multipleOnB);
     QCOMPARE(open->text(), QStringLiteral("Open 'b.m,...' now"));
+
+    // The installed application's aggregatables contribute, and only while it lives.
+    ExtraEntry extra;
+    QList<IAggregatable *> aggregatables{&extra};
+    auto environment = std::make_unique<QObject>();
+    ApplicationHooks::install(environment.get(), &aggregatables);
+    QMenu withExtra, afterwards;
+    a->contextMenu(&withExtra);
+    environment.reset();
+    a->contextMenu(&afterwards);
+    ApplicationHooks::clear();
+    QCOMPARE(withExtra.actions().first()->text(), QStringLiteral("Extra"));
+    QCOMPARE(afterwards.actions().first()->text(), QStringLiteral("Open 'a.m,...' now"));
 }
 
 VELMORA_TEST(tst_ViewItem);

@@ -20,39 +20,6 @@ using namespace Velmora::Tests;
 
 namespace {
 
-// Records what the model asks of the type; its nodes carry a payload.
-class RecordingType : public TestType
-{
-    Q_OBJECT
-
-public:
-    using TestType::TestType;
-
-    QString composeItemDispName(ViewItemBase *item) const override
-    {
-        return QLatin1Char('<') + item->getItemName() + QLatin1Char('>');
-    }
-    ItemData *createDataInstance(QObject *context) override { return new ItemData(context); }
-    bool doNameChange(ViewItem *item, const QString &name) override
-    {
-        calls << QStringLiteral("doNameChange %1 %2").arg(item->getItemName(), name);
-        return !refuseRename && TestType::doNameChange(item, name);
-    }
-    void nameChanged(ViewItem *item, const QString &oldName) override
-    {
-        calls << QStringLiteral("nameChanged %1 %2").arg(oldName, item->getItemName());
-    }
-    bool performDropAction(ViewItem *target, const QMimeData *, Qt::DropAction action) override
-    {
-        calls << QStringLiteral("drop %1 %2").arg(target->getItemName()).arg(int(action));
-        return acceptDrop;
-    }
-
-    QStringList calls;
-    bool refuseRename = false;
-    bool acceptDrop = true;
-};
-
 QStringList childNames(const ViewModel &model, const QModelIndex &parent)
 {
     QStringList names;

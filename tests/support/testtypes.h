@@ -46,6 +46,59 @@ public:
     using TestType::TestType;
 };
 
+// Records what the tree and the model ask of it, one line per call: renames, drops and the
+// disposal calls for dying nodes. Its nodes carry a payload and are reset to "Untitled".
+class RecordingType : public TestType
+{
+    Q_OBJECT
+
+public:
+    using TestType::TestType;
+
+    QString getDefaultName() const override { return QStringLiteral("Untitled"); }
+    QString composeItemDispName(Velmora::Framework::ViewItemBase *item) const override
+    {
+        return QLatin1Char('<') + item->getItemName() + QLatin1Char('>');
+    }
+    Velmora::Framework::ItemData *createDataInstance(QObject *context) override
+    {
+        return new Velmora::Framework::ItemData(context);
+    }
+    bool doNameChange(Velmora::Framework::ViewItem *item, const QString &name) override
+    {
+        calls << QStringLiteral("doNameChange %1 %2").arg(item->getItemName(), name);
+        return !refuseRename && TestType::doNameChange(item, name);
+    }
+    void nameChanged(Velmora::Framework::ViewItem *item, const QString &oldName) override
+    {
+        calls << QStringLiteral("nameChanged %1 %2").arg(oldName, item->getItemName());
+    }
+    bool performDropAction(Velmora::Framework::ViewItem *target, const QMimeData *,
+                           Qt::DropAction action) override
+    {
+        calls << QStringLiteral("drop %1 %2").arg(target->getItemName()).arg(int(action));
+        return acceptDrop;
+    }
+    void aboutToDispose(Velmora::Framework::ViewItem *item) override
+    {
+        calls << QStringLiteral("aboutToDispose ") + item->getItemName();
+    }
+    void disposeEditorFor(Velmora::Framework::ViewItem *item) override
+    {
+        calls << QStringLiteral("disposeEditorFor ") + item->getItemName();
+        TestType::disposeEditorFor(item);
+    }
+    void disposePropertyBagFor(Velmora::Framework::ViewItem *item) override
+    {
+        calls << QStringLiteral("disposePropertyBagFor ") + item->getItemName();
+        TestType::disposePropertyBagFor(item);
+    }
+
+    QStringList calls;
+    bool refuseRename = false;
+    bool acceptDrop = true;
+};
+
 // A registrar with a "folder" type that accepts folders and "leaf" items, and a "leaf" type
 // that accepts nothing: enough for most tree tests. The registrar owns the types.
 struct TestTree
