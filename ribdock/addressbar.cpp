@@ -22,6 +22,8 @@ namespace Velmora::Ribdock {
 namespace {
 
 constexpr int HistoryLimit = 32;
+// Room between two crumbs for the chevron that separates them.
+constexpr int CrumbGap = 12;
 
 QString normalized(const QString &path)
 {
@@ -38,7 +40,7 @@ public:
     {
         m_layout = new QHBoxLayout(this);
         m_layout->setContentsMargins(2, 0, 2, 0);
-        m_layout->setSpacing(0);
+        m_layout->setSpacing(CrumbGap);
         m_layout->addStretch(1);
         setCursor(Qt::IBeamCursor);
     }
@@ -97,7 +99,7 @@ protected:
             const QToolButton *crumb = m_crumbs.at(i);
             if (crumb->isHidden())
                 continue;
-            const QPointF c(crumb->geometry().right() + 5.5, height() / 2.0);
+            const QPointF c(crumb->geometry().right() + 1 + CrumbGap / 2.0, height() / 2.0);
             painter.drawPolyline(QPolygonF({c + QPointF(-1.5, -3.5), c + QPointF(1.5, 0), c + QPointF(-1.5, 3.5)}));
         }
     }
@@ -105,16 +107,13 @@ protected:
 private:
     void fit()
     {
-        // Ten pixels of gap per separator, through the layout's spacing on each crumb.
         int total = 4;
-        for (QToolButton *crumb : std::as_const(m_crumbs)) {
-            crumb->setContentsMargins(0, 0, 0, 0);
-            total += crumb->sizeHint().width() + 11;
-        }
+        for (QToolButton *crumb : std::as_const(m_crumbs))
+            total += crumb->sizeHint().width() + CrumbGap;
         for (int i = 0; i < m_crumbs.size(); ++i) {
             const bool hide = total > width() && i + 1 < m_crumbs.size();
             if (hide)
-                total -= m_crumbs.at(i)->sizeHint().width() + 11;
+                total -= m_crumbs.at(i)->sizeHint().width() + CrumbGap;
             m_crumbs.at(i)->setHidden(hide);
         }
         update();

@@ -20,6 +20,14 @@ public:
     QList<QWidget *> views;
     QPointer<QWidget> current;
     bool closable = false;
+    bool compact = false;
+
+    void applyLook(QTabWidget *section) const
+    {
+        section->setTabsClosable(closable);
+        section->setTabPosition(compact ? QTabWidget::South : QTabWidget::North);
+        section->setTabBarAutoHide(compact);
+    }
 
     QTabWidget *sectionWidget(const QWidget *view) const
     {
@@ -35,7 +43,7 @@ public:
         auto *section = new QTabWidget(splitter);
         section->setDocumentMode(true);
         section->setMovable(true);
-        section->setTabsClosable(closable);
+        applyLook(section);
         section->hide();
         splitter->addWidget(section);
         sections.append(section);
@@ -221,7 +229,19 @@ void DockContentWidget::setTabsClosable(bool closable)
 {
     d->closable = closable;
     for (QTabWidget *section : std::as_const(d->sections))
-        section->setTabsClosable(closable);
+        d->applyLook(section);
+}
+
+bool DockContentWidget::isCompact() const
+{
+    return d->compact;
+}
+
+void DockContentWidget::setCompact(bool compact)
+{
+    d->compact = compact;
+    for (QTabWidget *section : std::as_const(d->sections))
+        d->applyLook(section);
 }
 
 QByteArray DockContentWidget::saveState() const

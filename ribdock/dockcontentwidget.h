@@ -48,6 +48,10 @@ public:
     // A closable tab asks its view to close(); a view that agrees leaves (viewClosed).
     bool tabsClosable() const;
     void setTabsClosable(bool closable);
+    // Tabs below the views, shown only for sections of two views or more: for panels, whose
+    // title bar names the current view.
+    bool isCompact() const;
+    void setCompact(bool compact);
 
     // The sizes of the sections, for a saved layout; false when the state does not fit.
     QByteArray saveState() const;

@@ -8,6 +8,7 @@ DockPanelWidget::DockPanelWidget(const QString &title, QWidget *parent)
     : QDockWidget(title, parent)
     , m_content(new DockContentWidget(this))
 {
+    m_content->setCompact(true);
     setWidget(m_content);
     const QString name = title;
     connect(m_content, &DockContentWidget::currentViewChanged, this, [this, name](QWidget *view) {
