@@ -228,6 +228,20 @@ void RibbonBar::setPageVisible(int index, bool visible)
         qCWarning(Internal::lcRibdock, "RibbonBar::setPageVisible(): no page %d", index);
         return;
     }
+    // Left of the page first, as contextual pages follow the ones they belong to; picked
+    // before hiding, since QTabBar would step through every page right of it.
+    if (!visible && index == currentIndex()) {
+        for (int step = 1; step < pageCount(); ++step) {
+            if (isPageVisible(index - step)) {
+                d->tabs->setCurrentIndex(index - step);
+                break;
+            }
+            if (isPageVisible(index + step)) {
+                d->tabs->setCurrentIndex(index + step);
+                break;
+            }
+        }
+    }
     d->tabs->setTabVisible(index, visible);
     update();
 }
