@@ -110,6 +110,7 @@ void MultipleWindowPrivate::currentTabChanged()
     QWidget *widget = tabs->currentWidget();
     const int index = indexOf(widget);
     ViewItem *item = index >= 0 ? views.at(index).item.data() : nullptr;
+    emit q->currentViewChanged(index >= 0 ? widget : nullptr);
     emit q->currentItemChanged(item);
     emit q->statusChanged(index >= 0 ? titleOf(views.at(index)) : QString());
 }

@@ -68,6 +68,8 @@ Q_SIGNALS:
     void statusChanged(const QString &text);
     // The item whose editor became current, or null.
     void currentItemChanged(ViewItem *item);
+    // The view or editor whose tab became current; null for the front page or none.
+    void currentViewChanged(QWidget *view);
 
 private:
     friend class MultipleWindowPrivate;
