@@ -85,6 +85,8 @@ protected:
 
 private:
     friend class ItemType;
+    // The project view mirrors the user's expanding and collapsing into the flag.
+    friend class ProjectView;
     friend class ViewModel;
 
     ViewItem *child_at(int row) const;

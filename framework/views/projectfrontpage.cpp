@@ -1,0 +1,151 @@
+#include "views/projectfrontpage.h"
+
+#include <QtCore/qcoreapplication.h>
+#include <QtCore/qdir.h>
+#include <QtCore/qfileinfo.h>
+#include <QtCore/qsettings.h>
+#include <QtWidgets/qcommandlinkbutton.h>
+#include <QtWidgets/qfileiconprovider.h>
+#include <QtWidgets/qlabel.h>
+#include <QtWidgets/qlayout.h>
+#include <QtWidgets/qlistwidget.h>
+
+#include <utility>
+
+namespace Velmora::Framework {
+
+namespace {
+QLabel *heading(const QString &text, qreal scale, QWidget *parent)
+{
+    auto *label = new QLabel(text, parent);
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * scale);
+    font.setBold(true);
+    label->setFont(font);
+    return label;
+}
+} // namespace
+
+ProjectFrontPage::ProjectFrontPage(QWidget *parent)
+    : QWidget(parent)
+    , m_recent(new QListWidget(this))
+    , m_noRecent(new QLabel(tr("No solution has been opened yet."), this))
+{
+    setObjectName(QStringLiteral("ProjectFrontPage"));
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Base);
+
+    auto *newProject = new QCommandLinkButton(tr("New Project"),
+                                              tr("Create a project in the current solution"), this);
+    newProject->setIcon(QIcon(QStringLiteral(":/qelshared/images/16/newProject.svg")));
+    auto *openProject = new QCommandLinkButton(tr("Open Project"),
+                                               tr("Add an existing project file to the solution"),
+                                               this);
+    openProject->setIcon(QIcon(QStringLiteral(":/qelshared/images/16/openProject.svg")));
+    connect(newProject, &QAbstractButton::clicked, this, &ProjectFrontPage::newProjectRequested);
+    connect(openProject, &QAbstractButton::clicked, this, &ProjectFrontPage::openProjectRequested);
+
+    m_recent->setFrameShape(QFrame::NoFrame);
+    m_recent->setIconSize(QSize(16, 16));
+    m_recent->setSpacing(2);
+    connect(m_recent, &QListWidget::itemActivated, this, [this](QListWidgetItem *item) {
+        emit openSolutionRequested(item->data(Qt::UserRole).toString());
+    });
+    m_noRecent->setForegroundRole(QPalette::PlaceholderText);
+
+    auto *start = new QVBoxLayout;
+    start->addWidget(heading(tr("Start"), 1.3, this));
+    start->addWidget(newProject);
+    start->addWidget(openProject);
+    start->addStretch();
+
+    auto *recent = new QVBoxLayout;
+    recent->addWidget(heading(tr("Recent Solutions"), 1.3, this));
+    recent->addWidget(m_noRecent);
+    recent->addWidget(m_recent, 1);
+
+    auto *columns = new QHBoxLayout;
+    columns->setSpacing(48);
+    columns->addLayout(start, 2);
+    columns->addLayout(recent, 3);
+
+    auto *page = new QVBoxLayout(this);
+    page->setContentsMargins(36, 28, 36, 28);
+    page->setSpacing(20);
+    page->addWidget(heading(QCoreApplication::applicationName().isEmpty()
+                                ? tr("Welcome")
+                                : tr("Welcome to %1").arg(QCoreApplication::applicationName()),
+                            1.8, this));
+    page->addLayout(columns, 1);
+    refresh();
+}
+
+QString ProjectFrontPage::recentKey()
+{
+    return QStringLiteral("IDE/RecentSolutions");
+}
+
+int ProjectFrontPage::maxRecent()
+{
+    return 10;
+}
+
+QStringList ProjectFrontPage::recentSolutions()
+{
+    const QVariant stored = QSettings().value(recentKey());
+    if (!stored.isValid())
+        return {};
+    const int type = stored.userType();
+    if (type != QMetaType::QStringList && type != QMetaType::QString
+        && type != QMetaType::QVariantList) {
+        // Read at every showing; once is enough to tell.
+        static bool told = false;
+        if (!std::exchange(told, true)) {
+            qWarning("ProjectFrontPage::recentSolutions(): ignoring the unreadable value of %s",
+                     qPrintable(recentKey()));
+        }
+        return {};
+    }
+    QStringList paths = stored.toStringList();
+    paths.removeAll(QString());
+    return paths.mid(0, maxRecent());
+}
+
+void ProjectFrontPage::addRecentSolution(const QString &path)
+{
+    if (path.isEmpty())
+        return;
+    const QString absolute = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+    QStringList paths = recentSolutions();
+    paths.removeAll(absolute);
+    paths.prepend(absolute);
+    QSettings().setValue(recentKey(), paths.mid(0, maxRecent()));
+}
+
+void ProjectFrontPage::refresh()
+{
+    m_recent->clear();
+    QFileIconProvider icons;
+    const QStringList paths = recentSolutions();
+    for (const QString &path : paths) {
+        const QFileInfo info(path);
+        if (!info.exists())
+            continue;
+        auto *item = new QListWidgetItem(icons.icon(info),
+                                         info.completeBaseName() + QStringLiteral("\n")
+                                             + QDir::toNativeSeparators(info.absolutePath()),
+                                         m_recent);
+        item->setData(Qt::UserRole, path);
+        item->setToolTip(QDir::toNativeSeparators(path));
+    }
+    m_noRecent->setVisible(m_recent->count() == 0);
+    m_recent->setVisible(m_recent->count() > 0);
+}
+
+void ProjectFrontPage::showEvent(QShowEvent *event)
+{
+    refresh();
+    QWidget::showEvent(event);
+}
+
+} // namespace Velmora::Framework
