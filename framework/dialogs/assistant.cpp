@@ -31,8 +31,10 @@ public:
 
     QVariant loadResource(int type, const QUrl &name) override
     {
-        if (name.scheme() == helpScheme)
-            return m_engine->fileData(name);
+        // Style sheets and pictures come relative to the page.
+        const QUrl url = name.isRelative() ? source().resolved(name) : name;
+        if (url.scheme() == helpScheme)
+            return m_engine->fileData(url);
         return QTextBrowser::loadResource(type, name);
     }
 
@@ -82,8 +84,10 @@ Assistant::Assistant(const QString &collectionFile, QWidget *parent)
                                        d->browser, &QTextBrowser::backward);
     QAction *forward = toolBar->addAction(style()->standardIcon(QStyle::SP_ArrowForward),
                                           tr("Forward"), d->browser, &QTextBrowser::forward);
-    toolBar->addAction(style()->standardIcon(QStyle::SP_DirHomeIcon), tr("Home"), this,
-                       [this] { showPage(homePage()); });
+    toolBar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    QAction *home = toolBar->addAction(style()->standardIcon(QStyle::SP_DirHomeIcon), tr("Home"),
+                                       this, [this] { showPage(homePage()); });
+    home->setEnabled(d->ready);
     back->setEnabled(false);
     forward->setEnabled(false);
     connect(d->browser, &QTextBrowser::backwardAvailable, back, &QAction::setEnabled);
@@ -102,9 +106,22 @@ Assistant::Assistant(const QString &collectionFile, QWidget *parent)
         QHelpContentWidget *contents = d->engine->contentWidget();
         contents->setHeaderHidden(true);
         connect(contents, &QHelpContentWidget::linkActivated, this, &Assistant::showPage);
+        const auto followPage = [this, contents] {
+            const QModelIndex index = contents->indexOf(d->browser->source());
+            if (index.isValid())
+                contents->setCurrentIndex(index);
+        };
+        connect(d->browser, &QTextBrowser::sourceChanged, contents, followPage);
+        // The tree is built in the background; open it fully once it is there.
+        connect(d->engine->contentModel(), &QHelpContentModel::contentsCreated, contents,
+                [contents, followPage] {
+                    contents->expandAll();
+                    followPage();
+                });
         d->sideTabs->addTab(contents, tr("Contents"));
 
         d->indexFilter = new QLineEdit;
+        d->indexFilter->setObjectName(QStringLiteral("IndexFilter"));
         d->indexFilter->setPlaceholderText(tr("Look for"));
         d->indexFilter->setClearButtonEnabled(true);
         QHelpIndexWidget *index = d->engine->indexWidget();
@@ -141,6 +158,7 @@ Assistant::Assistant(const QString &collectionFile, QWidget *parent)
     } else {
         auto *missing = new QLabel(tr("No help is installed."));
         missing->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+        missing->setMargin(6);
         missing->setEnabled(false);
         d->sideTabs->addTab(missing, tr("Contents"));
         d->browser->setHtml(tr("<h2>Help is not available</h2><p>The help collection %1 "

@@ -42,6 +42,7 @@ OptionPageGeneral::OptionPageGeneral(QWidget *parent)
     note->setEnabled(false);
     auto *languageBox = new QGroupBox(tr("Language"));
     auto *languageLayout = new QFormLayout(languageBox);
+    languageLayout->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
     languageLayout->addRow(tr("Interface language:"), d->language);
     languageLayout->addRow(note);
 
