@@ -4,7 +4,6 @@
 #include "dialogs/contentfile_p.h"
 
 #include <QtCore/qdir.h>
-#include <QtCore/qdiriterator.h>
 #include <QtCore/qfileinfo.h>
 #include <QtCore/qsettings.h>
 #include <QtGui/qimagereader.h>

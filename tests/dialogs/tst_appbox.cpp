@@ -1,4 +1,5 @@
 #include "testsupport.h"
+#include "scratchfiles.h"
 #include "scriptedprompts.h"
 
 #include "dialogs/appbox.h"
@@ -16,22 +17,10 @@
 using namespace Velmora::Framework;
 using namespace Qt::StringLiterals;
 using Velmora::Tests::ScriptedPrompts;
+using Velmora::Tests::writeFile;
+using Velmora::Tests::readFile;
 
 namespace {
-
-void writeFile(const QString &path, const QByteArray &bytes)
-{
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
-
-QByteArray readFile(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 // An app folder whose program leaves a mark in its working folder when it runs.
 QString writeApp(const QString &folder, const QByteArray &name, const QByteArray &program = "run.sh")

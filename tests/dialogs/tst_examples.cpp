@@ -1,4 +1,5 @@
 #include "testsupport.h"
+#include "scratchfiles.h"
 #include "scriptedprompts.h"
 
 #include "dialogs/exampledialog.h"
@@ -14,16 +15,9 @@
 using namespace Velmora::Framework;
 using namespace Qt::StringLiterals;
 using Velmora::Tests::ScriptedPrompts;
+using Velmora::Tests::writeFile;
 
 namespace {
-
-void writeFile(const QString &path, const QByteArray &bytes)
-{
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
 
 QByteArray meta(const QByteArray &category, const QByteArray &open = "demo.qprj",
                 const QByteArray &picture = QByteArray())
