@@ -127,6 +127,9 @@ Assistant::Assistant(const QString &collectionFile, QWidget *parent)
         QHelpIndexWidget *index = d->engine->indexWidget();
         connect(d->indexFilter, &QLineEdit::textChanged, index,
                 [index](const QString &text) { index->filterIndices(text); });
+        // The index is built in the background too; a filter typed before applies then.
+        connect(d->engine->indexModel(), &QHelpIndexModel::indexCreated, index,
+                [this, index] { index->filterIndices(d->indexFilter->text()); });
         connect(d->indexFilter, &QLineEdit::returnPressed, index,
                 &QHelpIndexWidget::activateCurrentItem);
         connect(index, &QHelpIndexWidget::documentActivated, this,

@@ -9,6 +9,8 @@
 #include <QtCore/qfile.h>
 #include <QtCore/qstandardpaths.h>
 #include <QtCore/qtemporarydir.h>
+#include <QtHelp/qhelpsearchengine.h>
+#include <QtTest/qsignalspy.h>
 #include <QtWidgets/qlineedit.h>
 #include <QtWidgets/qtextbrowser.h>
 
@@ -30,6 +32,7 @@ private slots:
     void init() { Velmora::Tests::failOnUnexpectedWarnings(); }
     void showsPageForKey_data();
     void showsPageForKey();
+    void searchFindsPages();
     void missingCollectionStillWorks();
     void guideMenuListsPdfs();
     void termsOfUseShowsItsText();
@@ -87,6 +90,22 @@ void tst_Assistant::showsPageForKey()
     QCOMPARE(assistant.currentUrl().fileName(), page);
     const QString text = assistant.findChild<QTextBrowser *>(u"HelpBrowser"_s)->toPlainText();
     QVERIFY2(text.size() > 200, qPrintable(text));
+}
+
+void tst_Assistant::searchFindsPages()
+{
+    if (m_collection.isEmpty())
+        QSKIP("The help collection was not built (no qhelpgenerator)");
+    Assistant assistant(m_collection);
+    auto *search = assistant.findChild<QHelpSearchEngine *>();
+    QVERIFY(search);
+    QSignalSpy indexed(search, &QHelpSearchEngine::indexingFinished);
+    QVERIFY(indexed.wait(20000));
+    QSignalSpy searched(search, &QHelpSearchEngine::searchingFinished);
+    search->search(u"siblings"_s);
+    QVERIFY(searched.wait(20000));
+    QCOMPARE(searched.at(0).at(0).toInt(), 1);
+    QCOMPARE(search->searchResults(0, 1).at(0).url().fileName(), u"projecttree.html"_s);
 }
 
 void tst_Assistant::missingCollectionStillWorks()
