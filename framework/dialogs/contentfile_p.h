@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QtCore/qstring.h>
+
+namespace Velmora::Framework::Internal {
+
+// The canonical path of the existing file that relative names inside folder; empty, with the
+// reason in *reason, when it is absolute, missing or leads outside folder (".." or a link).
+QString resolveInside(const QString &folder, const QString &relative, QString *reason);
+
+// Whether the file at path is small enough to read whole; *reason says why not.
+bool fitsReadLimit(const QString &path, qint64 limit, QString *reason);
+
+} // namespace Velmora::Framework::Internal
