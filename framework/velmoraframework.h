@@ -65,5 +65,7 @@
 #include "shell/application.h"
 #include "shell/dynamicmenu.h"
 #include "shell/environment.h"
+#include "shell/facilities.h"
 #include "shell/logoinfo.h"
 #include "shell/menubar.h"
+#include "shell/unloadlistener.h"
