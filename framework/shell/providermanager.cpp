@@ -31,6 +31,14 @@ bool isCandidate(const QFileInfo &file)
         || file.completeSuffix().contains(QLatin1String("so"));
 }
 
+// A copy with its own storage: a name built from a literal points into the plug-in library,
+// which may be unmapped while the name is still needed.
+QString ownedName(const Provider *provider)
+{
+    const QString name = provider->name();
+    return QString(name.constData(), name.size());
+}
+
 QString progress(const char *step, const Provider *provider)
 {
     return QLatin1String(step) + provider->name() + QLatin1String("...");
@@ -159,7 +167,7 @@ void ProviderManager::load(const QString &file)
         return;
     }
 
-    const QString name = provider->name();
+    const QString name = ownedName(provider);
     if (d->loaders.contains(name)) {
         // The first library of a name wins; the second stays mapped until the manager goes.
         qWarning("ProviderManager::load() : Provider %s already loaded.", qPrintable(name));
@@ -185,7 +193,7 @@ void ProviderManager::unload(Provider *provider)
 {
     if (!provider)
         return;
-    const QString name = provider->name();
+    const QString name = ownedName(provider);
     delete provider;
     QPluginLoader *loader = d->loaders.take(name);
     if (!loader)
