@@ -4,7 +4,7 @@
 
 using namespace Velmora::Framework;
 
-// Built once per fixture with its own tag, name, type and version; journals every call of
+// Built once per fixture with its own tag, name, type, version and order; journals every call of
 // its life as "<call> <tag>", so two libraries of one name can be told apart.
 class FixtureProvider : public Provider
 {
@@ -22,7 +22,7 @@ public:
     }
     quint32 version() const override { return FIXTURE_VERSION; }
     int type() const override { return FIXTURE_TYPE; }
-    quint32 order() const override { return 0; }
+    quint32 order() const override { return FIXTURE_ORDER; }
 
     void init(IBase *hub) override
     {
