@@ -17,6 +17,7 @@ Provider::Provider()
     : d(std::make_unique<ProviderPrivate>())
 {
     d->widget = new QWidget;
+    // Hidden explicitly, so it stays hidden should a provider give it a shown parent.
     d->widget->hide();
 }
 
