@@ -12,6 +12,7 @@ QT_END_NAMESPACE
 namespace Velmora::Framework {
 
 class IAggregatable;
+class IBase;
 
 // What the item tree and the item types need of the running application. The environment,
 // which sits above them, fills the hook while it is current and clears it when it stops, so
@@ -19,12 +20,16 @@ class IAggregatable;
 class VELMORA_FRAMEWORK_EXPORT ApplicationHooks
 {
 public:
-    // Both borrowed; the list must live as long as the environment does.
-    static void install(QObject *environment, QList<IAggregatable *> *aggregatables);
+    // All borrowed; the hub and the list must live as long as the environment does.
+    static void install(QObject *environment, IBase *facilities,
+                        QList<IAggregatable *> *aggregatables);
     static void clear();
 
     // The current environment; null while none is installed or once it is destroyed.
     static QObject *environment();
+    // The current environment's service hub; null without one. Ask it for a service with
+    // interfaceCast().
+    static IBase *facilities();
     // The current environment's aggregatables, in contribution order; empty without one.
     static QList<IAggregatable *> aggregatables();
 

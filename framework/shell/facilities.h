@@ -34,6 +34,32 @@ public:
     // Tells every unload listener, in registration order; null means all providers.
     void onUnload(Provider *provider);
 
+    // The service objects, one per interface the hub answers (see facilities_p.h).
+    class Service;
+    class XAssistant;
+    class XRibdock;
+    class XRibbonBar;
+    class XAppBox;
+    class XAddressBar;
+    class XDockContainer;
+    class XStatusBar;
+    class XProject;
+    class XMultipleWindow;
+    class XSharedVariantRegion;
+    class XOutputWindow;
+    class XQuickStart;
+    class XOptionsWindow;
+    class XSolution;
+    class xDataRegistrar;
+    class XAggregatableRegistrar;
+    class XTypeRegistrar;
+    class XServiceRegistrar;
+    class XAugmentableRegistrar;
+    class XLaunchableRegistrar;
+
+    // The project service, for the environment's own use of what it was told.
+    XProject *project() const;
+
 private:
     // Null and listeners already known are ignored.
     void registerUnloadListener(UnloadListener *listener);

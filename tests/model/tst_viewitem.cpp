@@ -422,7 +422,7 @@ void tst_ViewItem::contextMenuFiltersOrdersAndNamesSelection()
     ExtraEntry extra;
     QList<IAggregatable *> aggregatables{&extra};
     auto environment = std::make_unique<QObject>();
-    ApplicationHooks::install(environment.get(), &aggregatables);
+    ApplicationHooks::install(environment.get(), nullptr, &aggregatables);
     QMenu withExtra, afterwards;
     a->contextMenu(&withExtra);
     environment.reset();
