@@ -137,10 +137,11 @@ int DockContentWidget::tabifyView(QWidget *view, const QString &title, const QIc
         setCurrentView(view);
         return indexOf(view);
     }
-    if (section < 0)
-        section = qMax(0, sectionCount() - 1);
-    while (section >= sectionCount())
+    // A section past the end is the last one: tabs are never put beside empty sections.
+    if (sectionCount() == 0)
         d->openSection();
+    if (section < 0 || section >= sectionCount())
+        section = sectionCount() - 1;
     return d->insert(view, title, icon, d->sections.at(section));
 }
 

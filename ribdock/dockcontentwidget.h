@@ -23,8 +23,8 @@ public:
 
     // Both take ownership of the view and answer its index, or -1 for a null view; a view
     // already here keeps its place and becomes current. addView() opens a new section with
-    // the view; tabifyView() adds it as a tab of a section: -1 is the last one (opened when
-    // there is none), a section past the end is opened, with any between left empty.
+    // the view; tabifyView() adds it as a tab of a section: -1, or a section past the end,
+    // is the last one (opened when there is none).
     int addView(QWidget *view, const QString &title, const QIcon &icon = QIcon());
     int tabifyView(QWidget *view, const QString &title, const QIcon &icon = QIcon(), int section = -1);
 

@@ -1,16 +1,22 @@
 #include "types/itemtype.h"
 #include "types/itemtype_p.h"
 
+#include "core/applicationhooks.h"
+#include "core/hubinterfaces.h"
 #include "core/ieditorfactory.h"
 #include "core/ipreviewerfactory.h"
 #include "model/itemutils.h"
 #include "model/viewitem.h"
+#include "ribdock/dockcontentwidget.h"
 
 #include <QtGui/qaction.h>
 
 namespace Velmora::Framework {
 
 namespace {
+
+// The document area's section that holds the editors.
+constexpr int editorSection = 2;
 
 // The action for a factory being registered under id: the id's existing action, or a new one
 // (parented to owner) from the factory's name, icon and description, asked in that order.
@@ -90,9 +96,21 @@ void ItemType::edit(ViewItem *item, const QList<EditorInstruction> &instructions
 {
     if (!item)
         return;
-    // The editor is made either way; showing it as a document tab needs a running
-    // environment with its dock container, which the shell provides.
-    item->getEditor(factoryId, instructions);
+    QWidget *editor = item->getEditor(factoryId, instructions);
+    auto *dock = interfaceCast<IDockContainer>(ApplicationHooks::facilities());
+    Ribdock::DockContentWidget *content = dock ? dock->contentWidget() : nullptr;
+    if (!editor || !content)
+        return;
+    if (content->indexOf(editor) >= 0) {
+        content->setCurrentView(editor);
+        return;
+    }
+    // Editors share the document section; the tab follows the editor's title.
+    content->tabifyView(editor, editor->windowTitle(), editor->windowIcon(), editorSection);
+    QObject::connect(editor, &QWidget::windowTitleChanged, content,
+                     [content, editor](const QString &title) { content->setViewTitle(editor, title); },
+                     Qt::UniqueConnection);
+    content->setCurrentView(editor);
 }
 
 void ItemType::registerEditorFactory(const QString &id, IEditorFactory *factory)

@@ -2,6 +2,7 @@
 #include "types/itemtype_p.h"
 
 #include "core/applicationhooks.h"
+#include "core/hubinterfaces.h"
 #include "core/iaugmentablegeneric.h"
 #include "core/prompts.h"
 #include "core/typeregistrar.h"
@@ -13,6 +14,7 @@
 #include "types/dialogaddnew.h"
 
 #include <QtCore/qdir.h>
+#include <QtCore/qfileinfo.h>
 #include <QtCore/qmimedata.h>
 #include <QtGui/qclipboard.h>
 #include <QtGui/qguiapplication.h>
@@ -255,6 +257,7 @@ bool ItemType::add_existing_routine(const QList<ViewItem *> &items, const QVaria
     ViewItem *parent = addTarget(this, items, "add_existing_routine", candidates);
     if (!parent)
         return false;
+    auto *addressBar = interfaceCast<IAddressBar>(ApplicationHooks::facilities());
     QString path = argument.toString();
     if (path.isEmpty()) {
         QString filters;
@@ -263,9 +266,9 @@ bool ItemType::add_existing_routine(const QList<ViewItem *> &items, const QVaria
             if (!filter.isEmpty())
                 filters += filter + QLatin1Char('\n');
         }
-        // The address bar's folder would be the better start; it arrives with the shell.
+        const QString folder = addressBar ? addressBar->path() : QString();
         path = Prompts::getOpenFileName(d->registrar->widgetParent(), tr("Open A Project File"),
-                                        QDir::homePath(), filters);
+                                        folder.isEmpty() ? QDir::homePath() : folder, filters);
     }
     if (path.isEmpty())
         return false;
@@ -274,6 +277,9 @@ bool ItemType::add_existing_routine(const QList<ViewItem *> &items, const QVaria
         return false;
     if (!hadChildren && parent->getChildItemCount() > 0)
         parent->setExpanded(true);
+    // A project opened into the solution takes the address bar to its folder.
+    if (addressBar && parent->getType() && parent->getType()->getId() == QLatin1String(Iid::ITypeSolution))
+        addressBar->setPath(QFileInfo(path).absolutePath());
     return true;
 }
 

@@ -1,5 +1,7 @@
 #include "types/itemtypesolution.h"
 
+#include "core/applicationhooks.h"
+#include "core/hubinterfaces.h"
 #include "core/typeregistrar.h"
 #include "model/itemdata.h"
 #include "model/viewitem.h"
@@ -247,10 +249,27 @@ bool ItemTypeSolution::performAddNew(ViewItem *solution, QDialog *dialog)
             path += projectType->defaultExtension();
         item->setItemPath(path);
     }
-    // The project service hears of the new project once the shell provides one.
+    if (auto *project = interfaceCast<IProject>(ApplicationHooks::facilities()))
+        project->setProject(name, location, solution->getChildItemCount());
     if (!projectType->newItemWizard(solution, item)) {
         delete item;
         return false;
+    }
+    return true;
+}
+
+bool ItemTypeSolution::performAddExisting(ViewItem *solution, QList<ItemType *> candidates,
+                                          const QStringList &paths)
+{
+    const int before = solution ? solution->getChildItemCount() : 0;
+    if (!ItemTypeFile::performAddExisting(solution, candidates, paths))
+        return false;
+    // The project service hears of every project that came in.
+    if (auto *project = interfaceCast<IProject>(ApplicationHooks::facilities())) {
+        for (int row = before; row < solution->getChildItemCount(); ++row) {
+            const QFileInfo file(solution->getChildItemAt(row)->getItemPath());
+            project->setProject(file.baseName(), file.filePath(), row);
+        }
     }
     return true;
 }

@@ -51,6 +51,8 @@ protected:
     QDialog *createAddNewDialog(ViewItem *parent, QList<ItemType *> candidates,
                                 QWidget *dialogParent) override;
     bool performAddNew(ViewItem *solution, QDialog *dialog) override;
+    bool performAddExisting(ViewItem *solution, QList<ItemType *> candidates,
+                            const QStringList &paths) override;
     // Removes the projects from the last to the first; the first refusal fails the close.
     bool close_routine(const QList<ViewItem *> &items) override;
 

@@ -100,13 +100,18 @@ void tst_DockContainer::viewsAnswerTheirIndex()
     QCOMPARE(content->sectionCount(), 2);
     QCOMPARE(content->sectionOf(second), 0);
     QCOMPARE(content->sectionOf(third), 1);
+    // A section past the end is the last one: no empty sections in between.
+    auto *fourth = new QWidget;
+    QCOMPARE(content->tabifyView(fourth, QStringLiteral("Editor"), QIcon(), 5), 3);
+    QCOMPARE(content->sectionOf(fourth), 1);
+    QCOMPARE(content->sectionCount(), 2);
     QTest::ignoreMessage(QtWarningMsg, "DockContentWidget::addView(): null view");
     QCOMPARE(m_docks->addView(partition, nullptr, QStringLiteral("none")), -1);
 
     // A view deleted by its owner leaves, and the indexes close up.
     delete second;
     QCOMPARE(content->indexOf(third), 1);
-    QCOMPARE(content->viewCount(), 2);
+    QCOMPARE(content->viewCount(), 3);
 }
 
 void tst_DockContainer::layoutRoundTripsThroughSettings()
