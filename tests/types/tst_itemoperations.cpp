@@ -135,7 +135,6 @@ void tst_ItemOperations::addNewThroughTheDialog()
     QVERIFY(shown.isNull());
     QCOMPARE(expanded.size(), 1);
     QCOMPARE(outline(f->root), u"root[d1,d2]"_s);
-    QCOMPARE(f->root->getChildItemAt(1)->getType()->getId(), u"Data"_s);
     // Two parents are one too many: nothing is asked.
     QVERIFY(!f->folder.genericHandler()->handleCommand(u"cmdAddNew"_s,
                                                        {f->root, f->root->getChildItemAt(0)}, {}));
@@ -162,7 +161,7 @@ void tst_ItemOperations::addRoutinesWarn()
                          "ItemType::add_existing_routine() : no type of child allowed.");
     QVERIFY(!bare.addExisting(childless.get(), QString()));
     QVERIFY(prompts.requests.isEmpty());
-    QCOMPARE(f->registrar.unregisterType(u"bare"_s), &bare);
+    f->registrar.unregisterType(u"bare"_s);
 }
 
 void tst_ItemOperations::addExistingOpensTheFile()
@@ -209,8 +208,7 @@ void tst_ItemOperations::removeTakesAFolderWithItsChildOnce()
 
     QVERIFY(f->folder.remove(Items{child, folder}, true));
     QCOMPARE(removedRows.size(), 1);
-    QCOMPARE(removedRows.at(0).at(0).value<QModelIndex>(), f->root->modelIndex());
-    QCOMPARE(removedRows.at(0).at(1).toInt(), 0);
+    QCOMPARE(removedRows.at(0), rows(f->root->modelIndex(), 0, 0));
     QTRY_COMPARE(folderGone.size(), 1);
     QCOMPARE(childGone.size(), 1);
     QCOMPARE(outline(f->root), u"root[s]"_s);
@@ -266,8 +264,6 @@ void tst_ItemOperations::renameFollowsTheNamingRules()
     }
     QCOMPARE(item->getItemName(), refusal.isEmpty() ? name : u"old"_s);
     QCOMPARE(changed.size(), refusal.isEmpty() ? 1 : 0);
-    if (!changed.isEmpty())
-        QCOMPARE(changed.at(0).at(0).value<QModelIndex>(), item->modelIndex());
 }
 
 VELMORA_TEST(tst_ItemOperations);
