@@ -191,11 +191,11 @@ std::optional<ExampleDialog::Example> ExampleDialog::readExample(const QString &
         meta.beginGroup(QStringLiteral("Example"));
         Example read;
         read.folder = QFileInfo(folder).canonicalFilePath();
-        read.name = meta.value(QStringLiteral("Name")).toString().trimmed();
-        read.description = meta.value(QStringLiteral("Description")).toString().trimmed();
-        read.category = meta.value(QStringLiteral("Category")).toString().trimmed();
-        const QString picture = meta.value(QStringLiteral("Picture")).toString().trimmed();
-        const QString open = meta.value(QStringLiteral("Open")).toString().trimmed();
+        read.name = Internal::iniText(meta, QStringLiteral("Name"));
+        read.description = Internal::iniText(meta, QStringLiteral("Description"));
+        read.category = Internal::iniText(meta, QStringLiteral("Category"));
+        const QString picture = Internal::iniText(meta, QStringLiteral("Picture"));
+        const QString open = Internal::iniText(meta, QStringLiteral("Open"));
         if (meta.status() != QSettings::NoError) {
             reason = QStringLiteral("meta.ini is malformed");
         } else if (read.name.isEmpty() || read.category.isEmpty() || open.isEmpty()) {

@@ -22,7 +22,7 @@ namespace {
 QByteArray meta(const QByteArray &category, const QByteArray &open = "demo.qprj",
                 const QByteArray &picture = QByteArray())
 {
-    QByteArray text = "[Example]\nName=Demo " + category + "\nDescription=Shows how.\nCategory="
+    QByteArray text = "[Example]\nName=Demo " + category + "\nDescription=Shows how, step by step.\nCategory="
         + category + "\nOpen=" + open + "\n";
     if (!picture.isEmpty())
         text += "Picture=" + picture + "\n";
@@ -85,6 +85,9 @@ void tst_ExampleDialog::refusedFolders_data()
                                        << u"\"gone.qprj\" does not exist"_s;
     QTest::newRow("open file outside") << meta("Tidekit Script", "../outside.qprj")
                                        << u"\"../outside.qprj\" points outside the folder"_s;
+    QTest::newRow("open file a link leading outside")
+        << meta("Tidekit Script", "link.qprj")
+        << u"\"link.qprj\" points outside the folder"_s;
     QTest::newRow("open file absolute")
         << meta("Tidekit Script", "/etc/hostname")
         << u"\"/etc/hostname\" is not a path inside the folder"_s;
@@ -106,6 +109,7 @@ void tst_ExampleDialog::refusedFolders()
     const QString folder = m_dir->filePath(u"examples/bad"_s);
     writeFile(m_dir->filePath(u"examples/outside.qprj"_s), "<project/>");
     writeExample(folder, metaText);
+    QVERIFY(QFile::link(m_dir->filePath(u"examples/outside.qprj"_s), folder + u"/link.qprj"_s));
     if (metaText.isEmpty())
         QFile::remove(folder + u"/meta.ini"_s);
 
@@ -143,6 +147,7 @@ void tst_ExampleDialog::galleryGroupsAndOpensCopy()
     }
     const ExampleDialog::Example script = dialog.examples(u"Tidekit Script"_s).first();
     QVERIFY(script.picture.endsWith(u"/picture.png"_s));
+    QCOMPARE(script.description, u"Shows how, step by step."_s);
 
     // Opening copies the folder and asks for the copy's project.
     const QString target = m_dir->filePath(u"mine"_s);
