@@ -9,6 +9,7 @@
 #include <QtCore/qtemporarydir.h>
 #include <QtGui/qimage.h>
 #include <QtTest/qsignalspy.h>
+#include <QtWidgets/qlineedit.h>
 
 #include <memory>
 
@@ -180,6 +181,15 @@ void tst_ExampleDialog::galleryGroupsAndOpensCopy()
     // Cancelling the folder choice does nothing.
     dialog.openCurrent();
     QCOMPARE(opened.size(), 1);
+
+    // A search that hides every example leaves nothing to open.
+    auto *filter = dialog.findChild<QLineEdit *>(u"ExampleFilter"_s);
+    filter->setText(u"no such example"_s);
+    dialog.openCurrent();
+    QCOMPARE(prompts.requests.size(), 4);
+    filter->setText(u"STEP BY"_s);
+    dialog.openCurrent();
+    QCOMPARE(prompts.requests.size(), 5);
 }
 
 VELMORA_TEST(tst_ExampleDialog);
