@@ -73,6 +73,16 @@ void AppBox::reload()
     if (!d->usable)
         qWarning("AppBox: %s cannot be read (%s); it is left untouched",
                  qPrintable(d->customFile), qPrintable(reason));
+    d->shown.clear();
+    for (int i = 0; i < d->apps.size(); ++i) {
+        const Internal::AppEntry &app = d->apps.at(i);
+        if (app.programPath(&reason).isEmpty()) {
+            // Kept in the file: the folder may be on a drive that is away for now.
+            qWarning("AppBox: not showing app %s: %s", qPrintable(app.name), qPrintable(reason));
+            continue;
+        }
+        d->shown.append(i);
+    }
     rebuildButtons();
 }
 
@@ -82,15 +92,8 @@ void AppBox::rebuildButtons()
         delete item->widget();
         delete item;
     }
-    d->shown.clear();
-    for (int i = 0; i < d->apps.size(); ++i) {
-        const Internal::AppEntry &app = d->apps.at(i);
-        QString reason;
-        if (app.programPath(&reason).isEmpty()) {
-            // Kept in the file: the folder may be on a drive that is away for now.
-            qWarning("AppBox: not showing app %s: %s", qPrintable(app.name), qPrintable(reason));
-            continue;
-        }
+    for (int shownIndex = 0; shownIndex < d->shown.size(); ++shownIndex) {
+        const Internal::AppEntry &app = d->apps.at(d->shown.at(shownIndex));
         auto *button = new QToolButton;
         button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
         button->setAutoRaise(true);
@@ -100,10 +103,8 @@ void AppBox::rebuildButtons()
                                              : icon));
         button->setText(app.name);
         button->setToolTip(app.description.isEmpty() ? app.name : app.description);
-        const int shownIndex = d->shown.size();
         connect(button, &QToolButton::clicked, this, [this, shownIndex] { startApp(shownIndex); });
         d->buttons->addWidget(button);
-        d->shown.append(i);
     }
     if (d->shown.isEmpty()) {
         auto *label = new QLabel(d->usable ? tr("No apps installed")
@@ -142,6 +143,7 @@ bool AppBox::addApp(const QString &folder, QString *error)
         return false;
     }
     d->apps = apps;
+    d->shown.append(apps.size() - 1);
     rebuildButtons();
     return true;
 }

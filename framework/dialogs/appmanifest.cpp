@@ -45,10 +45,10 @@ std::optional<AppEntry> readAppManifest(const QString &folder, QString *reason)
     manifest.beginGroup(QStringLiteral("App"));
     AppEntry app;
     app.folder = QFileInfo(folder).canonicalFilePath();
-    app.name = manifest.value(QStringLiteral("Name")).toString().trimmed();
-    app.program = manifest.value(QStringLiteral("Program")).toString().trimmed();
-    app.icon = manifest.value(QStringLiteral("Icon")).toString().trimmed();
-    app.description = manifest.value(QStringLiteral("Description")).toString().trimmed();
+    app.name = iniText(manifest, QStringLiteral("Name"));
+    app.program = iniText(manifest, QStringLiteral("Program"));
+    app.icon = iniText(manifest, QStringLiteral("Icon"));
+    app.description = iniText(manifest, QStringLiteral("Description"));
     if (manifest.status() != QSettings::NoError) {
         *reason = QStringLiteral("app.ini is malformed");
         return std::nullopt;

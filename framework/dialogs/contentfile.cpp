@@ -2,6 +2,7 @@
 
 #include <QtCore/qdir.h>
 #include <QtCore/qfileinfo.h>
+#include <QtCore/qsettings.h>
 
 namespace Velmora::Framework::Internal {
 
@@ -38,6 +39,14 @@ bool fitsReadLimit(const QString &path, qint64 limit, QString *reason)
         return false;
     }
     return true;
+}
+
+QString iniText(const QSettings &ini, const QString &key)
+{
+    const QVariant value = ini.value(key);
+    if (value.typeId() == QMetaType::QStringList)
+        return value.toStringList().join(QLatin1String(", ")).trimmed();
+    return value.toString().trimmed();
 }
 
 } // namespace Velmora::Framework::Internal

@@ -11,6 +11,7 @@
 #include <QtWidgets/qboxlayout.h>
 #include <QtWidgets/qdialogbuttonbox.h>
 #include <QtWidgets/qlabel.h>
+#include <QtWidgets/qlineedit.h>
 #include <QtWidgets/qlistwidget.h>
 #include <QtWidgets/qpushbutton.h>
 #include <QtWidgets/qsplitter.h>
@@ -82,6 +83,7 @@ public:
     QList<QList<ExampleDialog::Example>> examples; // one list per group
     QListWidget *groupList = nullptr;
     QListWidget *gallery = nullptr;
+    QLineEdit *filter = nullptr;
     QLabel *description = nullptr;
     QPushButton *openButton = nullptr;
 
@@ -123,6 +125,7 @@ ExampleDialog::ExampleDialog(const QStringList &roots, const QStringList &groups
     d->groupList = new QListWidget;
     d->groupList->setObjectName(QStringLiteral("ExampleGroups"));
     d->groupList->setMaximumWidth(220);
+    d->groupList->setSpacing(2);
     for (int i = 0; i < groups.size(); ++i)
         d->groupList->addItem(tr("%1 (%2)").arg(groups.at(i)).arg(d->examples.at(i).size()));
 
@@ -143,9 +146,15 @@ ExampleDialog::ExampleDialog(const QStringList &roots, const QStringList &groups
     d->description->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     d->description->setMinimumHeight(64);
 
+    d->filter = new QLineEdit;
+    d->filter->setObjectName(QStringLiteral("ExampleFilter"));
+    d->filter->setPlaceholderText(tr("Search in examples"));
+    d->filter->setClearButtonEnabled(true);
+
     auto *right = new QWidget;
     auto *rightLayout = new QVBoxLayout(right);
     rightLayout->setContentsMargins(0, 0, 0, 0);
+    rightLayout->addWidget(d->filter);
     rightLayout->addWidget(d->gallery, 1);
     rightLayout->addWidget(d->description);
 
@@ -169,6 +178,7 @@ ExampleDialog::ExampleDialog(const QStringList &roots, const QStringList &groups
     connect(d->groupList, &QListWidget::currentRowChanged, this, &ExampleDialog::showGroup);
     connect(d->gallery, &QListWidget::currentRowChanged, this, &ExampleDialog::showDescription);
     connect(d->gallery, &QListWidget::itemActivated, this, &ExampleDialog::openCurrent);
+    connect(d->filter, &QLineEdit::textChanged, this, &ExampleDialog::applyFilter);
     d->groupList->setCurrentRow(groups.isEmpty() ? -1 : 0);
     showDescription();
 }
@@ -191,11 +201,11 @@ std::optional<ExampleDialog::Example> ExampleDialog::readExample(const QString &
         meta.beginGroup(QStringLiteral("Example"));
         Example read;
         read.folder = QFileInfo(folder).canonicalFilePath();
-        read.name = meta.value(QStringLiteral("Name")).toString().trimmed();
-        read.description = meta.value(QStringLiteral("Description")).toString().trimmed();
-        read.category = meta.value(QStringLiteral("Category")).toString().trimmed();
-        const QString picture = meta.value(QStringLiteral("Picture")).toString().trimmed();
-        const QString open = meta.value(QStringLiteral("Open")).toString().trimmed();
+        read.name = Internal::iniText(meta, QStringLiteral("Name"));
+        read.description = Internal::iniText(meta, QStringLiteral("Description"));
+        read.category = Internal::iniText(meta, QStringLiteral("Category"));
+        const QString picture = Internal::iniText(meta, QStringLiteral("Picture"));
+        const QString open = Internal::iniText(meta, QStringLiteral("Open"));
         if (meta.status() != QSettings::NoError) {
             reason = QStringLiteral("meta.ini is malformed");
         } else if (read.name.isEmpty() || read.category.isEmpty() || open.isEmpty()) {
@@ -294,9 +304,27 @@ void ExampleDialog::showGroup(int group)
             item->setTextAlignment(Qt::AlignHCenter | Qt::AlignTop);
             d->gallery->addItem(item);
         }
-        if (d->gallery->count() > 0)
-            d->gallery->setCurrentRow(0);
     }
+    applyFilter();
+}
+
+void ExampleDialog::applyFilter()
+{
+    const int group = d->groupList->currentRow();
+    const QString text = d->filter->text().trimmed();
+    int firstShown = -1;
+    for (int row = 0; row < d->gallery->count(); ++row) {
+        const Example &example = d->examples.at(group).at(row);
+        const bool shown = example.name.contains(text, Qt::CaseInsensitive)
+            || example.description.contains(text, Qt::CaseInsensitive);
+        d->gallery->item(row)->setHidden(!shown);
+        if (shown && firstShown < 0)
+            firstShown = row;
+    }
+    // Keep the current example while it is shown; never describe a hidden one.
+    const QListWidgetItem *current = d->gallery->currentItem();
+    if (!current || current->isHidden())
+        d->gallery->setCurrentRow(firstShown);
     showDescription();
 }
 

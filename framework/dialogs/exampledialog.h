@@ -60,6 +60,8 @@ Q_SIGNALS:
 
 private:
     void showGroup(int group);
+    // Shows the examples of the group whose name or description holds the search text.
+    void applyFilter();
     void showDescription();
 
     std::unique_ptr<ExampleDialogPrivate> const d;

@@ -9,6 +9,7 @@
 #include <QtCore/qtemporarydir.h>
 #include <QtGui/qimage.h>
 #include <QtTest/qsignalspy.h>
+#include <QtWidgets/qlineedit.h>
 
 #include <memory>
 
@@ -22,7 +23,7 @@ namespace {
 QByteArray meta(const QByteArray &category, const QByteArray &open = "demo.qprj",
                 const QByteArray &picture = QByteArray())
 {
-    QByteArray text = "[Example]\nName=Demo " + category + "\nDescription=Shows how.\nCategory="
+    QByteArray text = "[Example]\nName=Demo " + category + "\nDescription=Shows how, step by step.\nCategory="
         + category + "\nOpen=" + open + "\n";
     if (!picture.isEmpty())
         text += "Picture=" + picture + "\n";
@@ -85,6 +86,9 @@ void tst_ExampleDialog::refusedFolders_data()
                                        << u"\"gone.qprj\" does not exist"_s;
     QTest::newRow("open file outside") << meta("Tidekit Script", "../outside.qprj")
                                        << u"\"../outside.qprj\" points outside the folder"_s;
+    QTest::newRow("open file a link leading outside")
+        << meta("Tidekit Script", "link.qprj")
+        << u"\"link.qprj\" points outside the folder"_s;
     QTest::newRow("open file absolute")
         << meta("Tidekit Script", "/etc/hostname")
         << u"\"/etc/hostname\" is not a path inside the folder"_s;
@@ -106,6 +110,7 @@ void tst_ExampleDialog::refusedFolders()
     const QString folder = m_dir->filePath(u"examples/bad"_s);
     writeFile(m_dir->filePath(u"examples/outside.qprj"_s), "<project/>");
     writeExample(folder, metaText);
+    QVERIFY(QFile::link(m_dir->filePath(u"examples/outside.qprj"_s), folder + u"/link.qprj"_s));
     if (metaText.isEmpty())
         QFile::remove(folder + u"/meta.ini"_s);
 
@@ -143,6 +148,7 @@ void tst_ExampleDialog::galleryGroupsAndOpensCopy()
     }
     const ExampleDialog::Example script = dialog.examples(u"Tidekit Script"_s).first();
     QVERIFY(script.picture.endsWith(u"/picture.png"_s));
+    QCOMPARE(script.description, u"Shows how, step by step."_s);
 
     // Opening copies the folder and asks for the copy's project.
     const QString target = m_dir->filePath(u"mine"_s);
@@ -175,6 +181,15 @@ void tst_ExampleDialog::galleryGroupsAndOpensCopy()
     // Cancelling the folder choice does nothing.
     dialog.openCurrent();
     QCOMPARE(opened.size(), 1);
+
+    // A search that hides every example leaves nothing to open.
+    auto *filter = dialog.findChild<QLineEdit *>(u"ExampleFilter"_s);
+    filter->setText(u"no such example"_s);
+    dialog.openCurrent();
+    QCOMPARE(prompts.requests.size(), 4);
+    filter->setText(u"STEP BY"_s);
+    dialog.openCurrent();
+    QCOMPARE(prompts.requests.size(), 5);
 }
 
 VELMORA_TEST(tst_ExampleDialog);
