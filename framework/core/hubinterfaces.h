@@ -211,7 +211,10 @@ public:
 };
 
 // Item types are registered under the identifier their getId() answers; a project file's
-// type attributes name those identifiers. The registrar owns the types it holds.
+// type attributes name those identifiers. A type's children are looked up in the scope it
+// was registered in, and the workbench's solution type is registered in the scope
+// "default": register project types (and their children's types) there. The registrar owns
+// the types it holds.
 class VELMORA_FRAMEWORK_EXPORT ITypeRegistrar : public virtual IBase
 {
 public:

@@ -650,24 +650,30 @@ void Environment::openProject(const QString &path)
         d->solutionType->addExisting(d->solutionItem, chosen);
 }
 
+namespace {
+// The widget's undo source, by the meta-cast its Q_INTERFACES give.
+IUndoSource *undoSourceOf(QWidget *widget)
+{
+    return widget ? static_cast<IUndoSource *>(widget->qt_metacast(Iid::IUndoSource)) : nullptr;
+}
+} // namespace
+
 void Environment::undo()
 {
-    auto *source = interfaceCast<IUndoSource>(qobject_cast<IBase *>(d->undoSource.data()));
-    if (source)
+    if (IUndoSource *source = undoSourceOf(d->undoSource))
         source->undo();
 }
 
 void Environment::redo()
 {
-    auto *source = interfaceCast<IUndoSource>(qobject_cast<IBase *>(d->undoSource.data()));
-    if (source)
+    if (IUndoSource *source = undoSourceOf(d->undoSource))
         source->redo();
 }
 
 void Environment::updateCommandStack(QWidget *widget)
 {
-    auto *candidate = interfaceCast<IUndoSource>(qobject_cast<IBase *>(widget));
-    auto *current = interfaceCast<IUndoSource>(qobject_cast<IBase *>(d->undoSource.data()));
+    IUndoSource *candidate = undoSourceOf(widget);
+    IUndoSource *current = undoSourceOf(d->undoSource);
     if (candidate && candidate != current) {
         if (current)
             current->detach(this);
