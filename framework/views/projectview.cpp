@@ -77,7 +77,13 @@ ProjectView::ProjectView(QWidget *parent)
             &ProjectView::slotDelegateEditorClosed);
 }
 
-ProjectView::~ProjectView() = default;
+ProjectView::~ProjectView()
+{
+    // An open editor closes while the widget goes; its signals must not reach this part.
+    disconnect(d->delegate, nullptr, this, nullptr);
+    if (d->model)
+        disconnect(d->model.data(), nullptr, this, nullptr);
+}
 
 void ProjectView::setModel(QAbstractItemModel *model)
 {
