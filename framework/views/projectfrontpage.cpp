@@ -22,6 +22,7 @@ QLabel *heading(const QString &text, qreal scale, QWidget *parent)
     font.setPointSizeF(font.pointSizeF() * scale);
     font.setBold(true);
     label->setFont(font);
+    label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     return label;
 }
 } // namespace
@@ -42,6 +43,9 @@ ProjectFrontPage::ProjectFrontPage(QWidget *parent)
                                                tr("Add an existing project file to the solution"),
                                                this);
     openProject->setIcon(QIcon(QStringLiteral(":/qelshared/images/16/openProject.svg")));
+    // Command links take any height offered; the column's stretch should take it instead.
+    for (QCommandLinkButton *button : {newProject, openProject})
+        button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     connect(newProject, &QAbstractButton::clicked, this, &ProjectFrontPage::newProjectRequested);
     connect(openProject, &QAbstractButton::clicked, this, &ProjectFrontPage::openProjectRequested);
 
@@ -53,13 +57,16 @@ ProjectFrontPage::ProjectFrontPage(QWidget *parent)
     });
     m_noRecent->setForegroundRole(QPalette::PlaceholderText);
 
+    // Nested layouts would take the columns' wide spacing.
     auto *start = new QVBoxLayout;
+    start->setSpacing(6);
     start->addWidget(heading(tr("Start"), 1.3, this));
     start->addWidget(newProject);
     start->addWidget(openProject);
     start->addStretch();
 
     auto *recent = new QVBoxLayout;
+    recent->setSpacing(6);
     recent->addWidget(heading(tr("Recent Solutions"), 1.3, this));
     recent->addWidget(m_noRecent);
     recent->addWidget(m_recent, 1);
