@@ -226,7 +226,8 @@ QWidget *MultipleWindow::removeView(int index)
     QWidget *widget = view->widget.data();
     d->views.removeAt(index);
     if (widget) {
-        disconnect(widget, &QObject::destroyed, this, nullptr);
+        // Also the title signal of an editor, which a later opening connects again.
+        disconnect(widget, nullptr, this, nullptr);
         if (const int tab = d->tabs->indexOf(widget); tab >= 0)
             d->tabs->removeTab(tab);
         widget->hide();
