@@ -110,8 +110,7 @@ void ProjectView::setModel(QAbstractItemModel *model)
             &ViewModel::handleCurrentChanged);
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, viewModel,
             &ViewModel::handleSelectionChanged);
-    // The solution is always shown open; below it, the nodes' own flags decide.
-    expand(viewModel->index(0, 0));
+    // Rows open as their nodes remember.
     relayout(QModelIndex());
 }
 

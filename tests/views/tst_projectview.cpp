@@ -129,7 +129,9 @@ void tst_ProjectView::cleanup()
 
 void tst_ProjectView::expandedFlagsFollowTheWidget()
 {
-    QVERIFY(m_root->expandedFlag()); // the top row opens with the model
+    QVERIFY(!m_root->expandedFlag());
+    m_view->expand(indexOf(m_root));
+    QVERIFY(m_root->expandedFlag());
     const QModelIndex folder = indexOf(m_folder);
     m_view->expand(folder);
     QVERIFY(m_folder->expandedFlag());
@@ -219,6 +221,7 @@ void tst_ProjectView::inPlaceRenameKeepsEditorOpenUntilAcceptable()
     QFETCH(QString, typed);
     QFETCH(QString, name);
 
+    m_view->expand(indexOf(m_root));
     ViewItem *item = strict ? m_strictLeaf : m_folder;
     const QString before = item->getItemName();
     const QModelIndex index = indexOf(item);
@@ -253,6 +256,7 @@ void tst_ProjectView::inPlaceRenameKeepsEditorOpenUntilAcceptable()
 
 void tst_ProjectView::menusAndOpeningGoThroughModel()
 {
+    m_view->expand(indexOf(m_root));
     const QModelIndex folder = indexOf(m_folder);
     const QPoint at = m_view->visualRect(folder).center();
     QContextMenuEvent onRow(QContextMenuEvent::Mouse, at, m_view->viewport()->mapToGlobal(at));
