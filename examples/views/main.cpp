@@ -1,6 +1,7 @@
 // Shows the tool windows around a small sample solution, as the workbench places them:
 //   views_demo            the project, a file open in its editor, properties, outline, output
 //   views_demo --front    the document area's start page with recently opened solutions
+//   views_demo --editors  as the first, with property editors and an in-place rename open
 
 #include "core/editorfactory.h"
 #include "core/ieditor.h"
@@ -18,6 +19,7 @@
 #include "views/projectfrontpage.h"
 #include "views/projectview.h"
 #include "views/projectviewmodel.h"
+#include "views/propertymodel.h"
 #include "views/propertywindow.h"
 
 #include <QtCore/qsettings.h>
@@ -33,6 +35,7 @@
 #include <QtWidgets/qmainwindow.h>
 #include <QtWidgets/qplaintextedit.h>
 #include <QtWidgets/qstatusbar.h>
+#include <QtWidgets/qtreeview.h>
 
 using namespace Velmora::Framework;
 
@@ -179,6 +182,7 @@ int main(int argc, char **argv)
     QSettings::setDefaultFormat(QSettings::IniFormat);
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, scratch.path());
     const bool front = app.arguments().contains(QStringLiteral("--front"));
+    const bool editors = app.arguments().contains(QStringLiteral("--editors"));
 
     TypeRegistrar registrar;
     registrar.registerType(new DemoType(QStringLiteral("demo.solution"), QStringLiteral("Solution"),
@@ -204,7 +208,7 @@ int main(int argc, char **argv)
     ViewItem *plant = make(QStringLiteral("demo.project"), QStringLiteral("PlantModel"), solution);
     ViewItem *sources = make(QStringLiteral("demo.folder"), QStringLiteral("sources"), plant);
     ViewItem *simulate = make(QStringLiteral("demo.file"), QStringLiteral("simulate.m"), sources);
-    make(QStringLiteral("demo.file"), QStringLiteral("controller.m"), sources);
+    ViewItem *controller = make(QStringLiteral("demo.file"), QStringLiteral("controller.m"), sources);
     make(QStringLiteral("demo.file"), QStringLiteral("plant_dynamics.m"), sources);
     ViewItem *data = make(QStringLiteral("demo.folder"), QStringLiteral("data"), plant);
     make(QStringLiteral("demo.file"), QStringLiteral("parameters.m"), data);
@@ -302,6 +306,15 @@ int main(int argc, char **argv)
         projectView->expandAll();
         documents->editItem(simulate);
         projectView->setCurrentIndex(simulate->modelIndex());
+    }
+    if (editors) {
+        QTreeView *tree = properties->treeView();
+        for (int row = 0; row < tree->model()->rowCount(); ++row) {
+            const QModelIndex value = tree->model()->index(row, PropertyModel::ValueColumn);
+            if (tree->model()->flags(value) & Qt::ItemIsEditable)
+                tree->openPersistentEditor(value);
+        }
+        projectView->edit(controller->modelIndex());
     }
 
     window.resize(1400, 900);
