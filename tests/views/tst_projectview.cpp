@@ -10,6 +10,7 @@
 #include <QtGui/qevent.h>
 #include <QtGui/qvalidator.h>
 #include <QtTest/qabstractitemmodeltester.h>
+#include <QtTest/qsignalspy.h>
 #include <QtWidgets/qapplication.h>
 #include <QtWidgets/qlineedit.h>
 
@@ -80,6 +81,7 @@ private Q_SLOTS:
     void inPlaceRenameKeepsEditorOpenUntilAcceptable_data();
     void inPlaceRenameKeepsEditorOpenUntilAcceptable();
     void menusAndOpeningGoThroughModel();
+    void removalIsConfirmedToTheModel();
 
 private:
     QModelIndex indexOf(ViewItem *item) const { return item->modelIndex(); }
@@ -281,6 +283,15 @@ void tst_ProjectView::menusAndOpeningGoThroughModel()
     // A type's rename command starts editing in place.
     m_model->modify(indexOf(m_strictLeaf));
     QVERIFY(qobject_cast<QLineEdit *>(m_view->indexWidget(indexOf(m_strictLeaf))));
+}
+
+void tst_ProjectView::removalIsConfirmedToTheModel()
+{
+    QSignalSpy settled(m_model, &ViewModel::removalComplete);
+    std::unique_ptr<ViewItem> removed(m_folder->removeChildItemAt(0));
+    QCOMPARE(removed.get(), m_leaf);
+    QCOMPARE(settled.size(), 1);
+    QCOMPARE(settled.first().first().value<ViewItem *>(), m_folder);
 }
 
 VELMORA_TEST(tst_ProjectView);
