@@ -279,11 +279,11 @@ void ProjectView::startDrag(Qt::DropActions supportedActions)
     if (indexes.isEmpty())
         return;
     // The model encodes the item types and leaves out rows whose ancestor is dragged too.
-    QMimeData *data = d->model->mimeData(indexes);
-    if (!data)
+    QMimeData *mime = d->model->mimeData(indexes);
+    if (!mime)
         return;
     auto *drag = new QDrag(this);
-    drag->setMimeData(data);
+    drag->setMimeData(mime);
     const QIcon icon = indexes.first().data(Qt::DecorationRole).value<QIcon>();
     if (!icon.isNull())
         drag->setPixmap(icon.pixmap(QSize(16, 16), devicePixelRatioF()));
