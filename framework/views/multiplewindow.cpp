@@ -144,9 +144,13 @@ MultipleWindow::MultipleWindow(QWidget *parent)
 
 MultipleWindow::~MultipleWindow()
 {
-    // Editors belong to their factories, which may outlive this window.
     for (const MultipleWindowPrivate::View &view : std::as_const(d->views)) {
-        if (view.item && view.widget) {
+        if (!view.widget)
+            continue;
+        // The views die with the tabs, after the private part this window listens with.
+        disconnect(view.widget, &QObject::destroyed, this, nullptr);
+        // Editors belong to their factories, which may outlive this window.
+        if (view.item) {
             d->tabs->removeTab(d->tabs->indexOf(view.widget));
             view.widget->setParent(nullptr);
         }
@@ -222,7 +226,8 @@ QWidget *MultipleWindow::removeView(int index)
     QWidget *widget = view->widget.data();
     d->views.removeAt(index);
     if (widget) {
-        disconnect(widget, &QObject::destroyed, this, nullptr);
+        // Also the title signal of an editor, which a later opening connects again.
+        disconnect(widget, nullptr, this, nullptr);
         if (const int tab = d->tabs->indexOf(widget); tab >= 0)
             d->tabs->removeTab(tab);
         widget->hide();

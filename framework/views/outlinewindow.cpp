@@ -83,7 +83,11 @@ OutlineWindow::OutlineWindow(QWidget *parent)
     d->update();
 }
 
-OutlineWindow::~OutlineWindow() = default;
+OutlineWindow::~OutlineWindow()
+{
+    if (d->editor)
+        disconnect(d->editor.data(), nullptr, this, nullptr);
+}
 
 QWidget *OutlineWindow::editor() const
 {

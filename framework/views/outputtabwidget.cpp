@@ -6,18 +6,18 @@ namespace Velmora::Framework {
 
 OutputTabWidget::OutputTabWidget(QWidget *parent)
     : QTabWidget(parent)
-    , m_bar(new OutputTabBar(this))
 {
-    setTabBar(m_bar);
+    auto *bar = new OutputTabBar(this);
+    setTabBar(bar);
     setTabPosition(QTabWidget::South);
     setDocumentMode(true);
-    connect(m_bar, &OutputTabBar::contextMenuTriggered, this,
+    connect(bar, &OutputTabBar::contextMenuTriggered, this,
             &OutputTabWidget::contextMenuTriggered);
 }
 
 OutputTabBar *OutputTabWidget::outputTabBar() const
 {
-    return m_bar;
+    return static_cast<OutputTabBar *>(tabBar());
 }
 
 } // namespace Velmora::Framework

@@ -21,9 +21,6 @@ public:
 Q_SIGNALS:
     // Repeats the tab bar's signal.
     void contextMenuTriggered(int index);
-
-private:
-    OutputTabBar *m_bar;
 };
 
 } // namespace Velmora::Framework

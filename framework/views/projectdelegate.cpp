@@ -4,7 +4,6 @@
 #include "model/viewitem.h"
 #include "types/itemtype.h"
 
-#include <QtCore/qregularexpression.h>
 #include <QtGui/qevent.h>
 #include <QtGui/qvalidator.h>
 #include <QtWidgets/qlineedit.h>
@@ -15,14 +14,6 @@ namespace {
 ViewItem *nodeOf(const QModelIndex &index)
 {
     return index.isValid() ? static_cast<ViewItem *>(index.internalPointer()) : nullptr;
-}
-
-// Names a type gives no validator for follow the rules of the rename dialog: a letter, then
-// letters, digits or underscores, fewer than 32 in all.
-QValidator *defaultNameValidator(QObject *parent)
-{
-    static const QRegularExpression rule(QStringLiteral("[A-Za-z][A-Za-z0-9_]{0,30}"));
-    return new QRegularExpressionValidator(rule, parent);
 }
 } // namespace
 
@@ -40,8 +31,8 @@ QWidget *ProjectDelegate::createEditor(QWidget *parent, const QStyleOptionViewIt
         return QStyledItemDelegate::createEditor(parent, option, index);
     auto *editor = new QLineEdit(parent);
     editor->setFrame(false);
-    const QValidator *validator = type->nameValidator(node);
-    editor->setValidator(validator ? validator : defaultNameValidator(editor));
+    // Without a validator of the type's, its canChange alone decides when the name is written.
+    editor->setValidator(type->nameValidator(node));
     return editor;
 }
 

@@ -7,7 +7,8 @@
 namespace Velmora::Framework {
 
 // Paints the project view's rows and runs in-place renaming in a line edit that checks the
-// name on Return or Enter and stays open, with an "Error" box, while it is not acceptable.
+// name with the type's validator on Return or Enter and stays open, with an "Error" box,
+// while it is not acceptable.
 class VELMORA_FRAMEWORK_EXPORT ProjectDelegate : public QStyledItemDelegate
 {
     Q_OBJECT

@@ -22,15 +22,24 @@ QLabel *heading(const QString &text, qreal scale, QWidget *parent)
     font.setPointSizeF(font.pointSizeF() * scale);
     font.setBold(true);
     label->setFont(font);
+    label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     return label;
 }
 } // namespace
 
+class ProjectFrontPagePrivate
+{
+public:
+    QListWidget *recent = nullptr;
+    QLabel *noRecent = nullptr;
+};
+
 ProjectFrontPage::ProjectFrontPage(QWidget *parent)
     : QWidget(parent)
-    , m_recent(new QListWidget(this))
-    , m_noRecent(new QLabel(tr("No solution has been opened yet."), this))
+    , d(new ProjectFrontPagePrivate)
 {
+    d->recent = new QListWidget(this);
+    d->noRecent = new QLabel(tr("No solution has been opened yet."), this);
     setObjectName(QStringLiteral("ProjectFrontPage"));
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
@@ -42,27 +51,33 @@ ProjectFrontPage::ProjectFrontPage(QWidget *parent)
                                                tr("Add an existing project file to the solution"),
                                                this);
     openProject->setIcon(QIcon(QStringLiteral(":/qelshared/images/16/openProject.svg")));
+    // Command links take any height offered; the column's stretch should take it instead.
+    for (QCommandLinkButton *button : {newProject, openProject})
+        button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     connect(newProject, &QAbstractButton::clicked, this, &ProjectFrontPage::newProjectRequested);
     connect(openProject, &QAbstractButton::clicked, this, &ProjectFrontPage::openProjectRequested);
 
-    m_recent->setFrameShape(QFrame::NoFrame);
-    m_recent->setIconSize(QSize(16, 16));
-    m_recent->setSpacing(2);
-    connect(m_recent, &QListWidget::itemActivated, this, [this](QListWidgetItem *item) {
+    d->recent->setFrameShape(QFrame::NoFrame);
+    d->recent->setIconSize(QSize(16, 16));
+    d->recent->setSpacing(2);
+    connect(d->recent, &QListWidget::itemActivated, this, [this](QListWidgetItem *item) {
         emit openSolutionRequested(item->data(Qt::UserRole).toString());
     });
-    m_noRecent->setForegroundRole(QPalette::PlaceholderText);
+    d->noRecent->setForegroundRole(QPalette::PlaceholderText);
 
+    // Nested layouts would take the columns' wide spacing.
     auto *start = new QVBoxLayout;
+    start->setSpacing(6);
     start->addWidget(heading(tr("Start"), 1.3, this));
     start->addWidget(newProject);
     start->addWidget(openProject);
     start->addStretch();
 
     auto *recent = new QVBoxLayout;
+    recent->setSpacing(6);
     recent->addWidget(heading(tr("Recent Solutions"), 1.3, this));
-    recent->addWidget(m_noRecent);
-    recent->addWidget(m_recent, 1);
+    recent->addWidget(d->noRecent);
+    recent->addWidget(d->recent, 1);
 
     auto *columns = new QHBoxLayout;
     columns->setSpacing(48);
@@ -79,6 +94,8 @@ ProjectFrontPage::ProjectFrontPage(QWidget *parent)
     page->addLayout(columns, 1);
     refresh();
 }
+
+ProjectFrontPage::~ProjectFrontPage() = default;
 
 QString ProjectFrontPage::recentKey()
 {
@@ -124,7 +141,7 @@ void ProjectFrontPage::addRecentSolution(const QString &path)
 
 void ProjectFrontPage::refresh()
 {
-    m_recent->clear();
+    d->recent->clear();
     QFileIconProvider icons;
     const QStringList paths = recentSolutions();
     for (const QString &path : paths) {
@@ -134,12 +151,12 @@ void ProjectFrontPage::refresh()
         auto *item = new QListWidgetItem(icons.icon(info),
                                          info.completeBaseName() + QStringLiteral("\n")
                                              + QDir::toNativeSeparators(info.absolutePath()),
-                                         m_recent);
+                                         d->recent);
         item->setData(Qt::UserRole, path);
         item->setToolTip(QDir::toNativeSeparators(path));
     }
-    m_noRecent->setVisible(m_recent->count() == 0);
-    m_recent->setVisible(m_recent->count() > 0);
+    d->noRecent->setVisible(d->recent->count() == 0);
+    d->recent->setVisible(d->recent->count() > 0);
 }
 
 void ProjectFrontPage::showEvent(QShowEvent *event)

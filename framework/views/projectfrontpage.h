@@ -5,12 +5,11 @@
 #include <QtCore/qstringlist.h>
 #include <QtWidgets/qwidget.h>
 
-QT_BEGIN_NAMESPACE
-class QListWidget;
-class QListWidgetItem;
-QT_END_NAMESPACE
+#include <memory>
 
 namespace Velmora::Framework {
+
+class ProjectFrontPagePrivate;
 
 // The start page of the document area while no project is open: buttons to create or open
 // a project, and the solutions opened lately, kept in the settings under recentKey().
@@ -20,6 +19,7 @@ class VELMORA_FRAMEWORK_EXPORT ProjectFrontPage : public QWidget
 
 public:
     explicit ProjectFrontPage(QWidget *parent = nullptr);
+    ~ProjectFrontPage() override;
 
     static QString recentKey();
     // Newest first, at most maxRecent(); an unreadable stored value reads as none, with a
@@ -42,8 +42,7 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
-    QListWidget *m_recent;
-    QWidget *m_noRecent;
+    std::unique_ptr<ProjectFrontPagePrivate> const d;
 };
 
 } // namespace Velmora::Framework

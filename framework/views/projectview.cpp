@@ -77,7 +77,13 @@ ProjectView::ProjectView(QWidget *parent)
             &ProjectView::slotDelegateEditorClosed);
 }
 
-ProjectView::~ProjectView() = default;
+ProjectView::~ProjectView()
+{
+    // An open editor closes while the widget goes; its signals must not reach this part.
+    disconnect(d->delegate, nullptr, this, nullptr);
+    if (d->model)
+        disconnect(d->model.data(), nullptr, this, nullptr);
+}
 
 void ProjectView::setModel(QAbstractItemModel *model)
 {
@@ -104,8 +110,7 @@ void ProjectView::setModel(QAbstractItemModel *model)
             &ViewModel::handleCurrentChanged);
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, viewModel,
             &ViewModel::handleSelectionChanged);
-    // The solution is always shown open; below it, the nodes' own flags decide.
-    expand(viewModel->index(0, 0));
+    // Rows open as their nodes remember.
     relayout(QModelIndex());
 }
 
@@ -274,11 +279,11 @@ void ProjectView::startDrag(Qt::DropActions supportedActions)
     if (indexes.isEmpty())
         return;
     // The model encodes the item types and leaves out rows whose ancestor is dragged too.
-    QMimeData *data = d->model->mimeData(indexes);
-    if (!data)
+    QMimeData *mime = d->model->mimeData(indexes);
+    if (!mime)
         return;
     auto *drag = new QDrag(this);
-    drag->setMimeData(data);
+    drag->setMimeData(mime);
     const QIcon icon = indexes.first().data(Qt::DecorationRole).value<QIcon>();
     if (!icon.isNull())
         drag->setPixmap(icon.pixmap(QSize(16, 16), devicePixelRatioF()));

@@ -38,11 +38,17 @@ public:
 };
 } // namespace
 
+class PropertyDelegatePrivate
+{
+public:
+    PropertyEditorFactory factory;
+};
+
 PropertyDelegate::PropertyDelegate(QObject *parent)
     : QStyledItemDelegate(parent)
-    , m_factory(new PropertyEditorFactory)
+    , d(new PropertyDelegatePrivate)
 {
-    setItemEditorFactory(m_factory.get());
+    setItemEditorFactory(&d->factory);
 }
 
 PropertyDelegate::~PropertyDelegate() = default;

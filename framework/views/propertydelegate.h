@@ -6,11 +6,9 @@
 
 #include <memory>
 
-QT_BEGIN_NAMESPACE
-class QItemEditorFactory;
-QT_END_NAMESPACE
-
 namespace Velmora::Framework {
+
+class PropertyDelegatePrivate;
 
 // Edits property values with Qt's item editors, plus editors for colours, fonts, points,
 // sizes, rectangles and enumerations (cursors among them), which Qt's factory lacks.
@@ -25,7 +23,7 @@ public:
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
 private:
-    std::unique_ptr<QItemEditorFactory> const m_factory;
+    std::unique_ptr<PropertyDelegatePrivate> const d;
 };
 
 } // namespace Velmora::Framework

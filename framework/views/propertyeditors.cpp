@@ -4,13 +4,10 @@
 #include "views/propertyvalues.h"
 
 #include <QtCore/qmetaobject.h>
-#include <QtGui/qpainter.h>
-#include <QtGui/qpixmap.h>
 #include <QtWidgets/qboxlayout.h>
 #include <QtWidgets/qcolordialog.h>
 #include <QtWidgets/qfontcombobox.h>
 #include <QtWidgets/qfontdialog.h>
-#include <QtWidgets/qlabel.h>
 #include <QtWidgets/qlineedit.h>
 #include <QtWidgets/qspinbox.h>
 #include <QtWidgets/qtoolbutton.h>
@@ -22,6 +19,8 @@ namespace Velmora::Framework::Internal {
 namespace {
 QHBoxLayout *rowLayout(QWidget *parent)
 {
+    // Editors sit over the painted row; without a background the value shows through.
+    parent->setAutoFillBackground(true);
     auto *layout = new QHBoxLayout(parent);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2);
@@ -37,19 +36,19 @@ QToolButton *moreButton(QWidget *parent)
 }
 } // namespace
 
+// The row keeps showing its swatch beside the editor; the editor adds the name and a chooser.
 ColorEditor::ColorEditor(QWidget *parent)
     : QWidget(parent)
-    , m_swatch(new QToolButton(this))
     , m_name(new QLineEdit(this))
 {
-    m_swatch->setAutoRaise(true);
-    m_swatch->setToolTip(tr("Choose a colour"));
+    QToolButton *more = moreButton(this);
+    more->setToolTip(tr("Choose a colour"));
     m_name->setFrame(false);
     QHBoxLayout *layout = rowLayout(this);
-    layout->addWidget(m_swatch);
     layout->addWidget(m_name, 1);
+    layout->addWidget(more);
     setFocusProxy(m_name);
-    connect(m_swatch, &QToolButton::clicked, this, &ColorEditor::choose);
+    connect(more, &QToolButton::clicked, this, &ColorEditor::choose);
     connect(m_name, &QLineEdit::editingFinished, this, [this] {
         const QColor typed = QColor::fromString(m_name->text());
         setColor(typed.isValid() ? typed : m_color);
@@ -64,7 +63,6 @@ QColor ColorEditor::color() const
 void ColorEditor::setColor(const QColor &color)
 {
     m_color = color;
-    m_swatch->setIcon(PropertyValues::swatch(color));
     m_name->setText(PropertyValues::displayText(color));
 }
 
@@ -105,6 +103,8 @@ void FontEditor::setValue(const QFont &font)
 {
     const QFont kept = font;
     m_family->setCurrentFont(kept);
+    // Show the start of a long family name, not its end.
+    m_family->lineEdit()->setCursorPosition(0);
     m_size->setValue(kept.pointSize() > 0 ? kept.pointSize() : 9);
     // The combo box normalises the font it is given; keep what the property holds.
     m_font = kept;

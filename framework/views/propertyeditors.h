@@ -33,7 +33,6 @@ private:
     void choose();
 
     QColor m_color;
-    QToolButton *m_swatch;
     QLineEdit *m_name;
 };
 

@@ -193,7 +193,13 @@ PropertyModel::PropertyModel(QObject *parent)
 {
 }
 
-PropertyModel::~PropertyModel() = default;
+PropertyModel::~PropertyModel()
+{
+    if (d->bag)
+        disconnect(d->bag.data(), nullptr, this, nullptr);
+    if (d->item)
+        disconnect(d->item.data(), nullptr, this, nullptr);
+}
 
 void PropertyModel::setItem(ViewItem *item)
 {
@@ -260,8 +266,9 @@ int PropertyModel::columnCount(const QModelIndex &) const
 
 QVariant PropertyModel::data(const QModelIndex &index, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!index.isValid())
         return QVariant();
+    Q_ASSERT(checkIndex(index));
     const Node *node = d->node(index);
     if (role == Qt::ToolTipRole)
         return node->toolTip.isEmpty() ? QVariant() : QVariant(node->toolTip);
@@ -290,10 +297,9 @@ QVariant PropertyModel::data(const QModelIndex &index, int role) const
 
 bool PropertyModel::setData(const QModelIndex &index, const QVariant &value, int role)
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid) || index.column() != ValueColumn
-        || !d->bag) {
+    if (!index.isValid() || index.column() != ValueColumn || !d->bag)
         return false;
-    }
+    Q_ASSERT(checkIndex(index));
     Node *node = d->node(index);
     const QVariant old = d->value(node);
     QVariant written = value;
@@ -315,8 +321,9 @@ bool PropertyModel::setData(const QModelIndex &index, const QVariant &value, int
 
 Qt::ItemFlags PropertyModel::flags(const QModelIndex &index) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!index.isValid())
         return Qt::NoItemFlags;
+    Q_ASSERT(checkIndex(index));
     Qt::ItemFlags result = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
     if (index.column() != ValueColumn)
         return result;

@@ -235,9 +235,14 @@ QString PropertyValues::displayText(const QVariant &value)
         return count == 1 ? tr("{1 entry}") : tr("{%1 entries}").arg(count);
     }
     case Flags: {
-        const QMetaEnum meta = metaEnum(value.metaType());
-        return value.toInt() ? QString::fromLatin1(meta.valueToKeys(value.toInt()))
-                             : QStringLiteral("0");
+        // The names of the rows below, not Qt's choice among aliases (AlignLeading).
+        QStringList set;
+        const QStringList labels = componentLabels(value);
+        for (int at = 0; at < labels.size(); ++at) {
+            if (component(value, at).toBool())
+                set.append(labels.at(at));
+        }
+        return set.isEmpty() ? QStringLiteral("0") : set.join(QLatin1Char('|'));
     }
     default:
         break;

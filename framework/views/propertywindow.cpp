@@ -112,7 +112,6 @@ void PropertyWindow::setItem(ViewItem *item)
     if (item == d->model->item())
         return;
     d->model->setItem(item);
-    d->tree->expandToDepth(0);
 }
 
 void PropertyWindow::open()
