@@ -33,8 +33,9 @@ public:
     // Deletes every primary and secondary provider and unloads its library.
     ~ProviderManager() override;
 
-    // Loads every "dll" and every "so"-suffixed file of folder, then initialises and starts
-    // the providers. Does nothing for a folder that does not exist.
+    // Loads every file of folder whose last suffix is "dll" or whose suffixes contain "so"
+    // (x.dll, libx.so, libx.so.1), in the order the file system lists them, then initialises
+    // and starts the providers. Does nothing for a folder that does not exist.
     void loadAll(const QString &folder);
     // Stops, then shuts down every provider, last first; then tells the hub that all
     // providers are going.

@@ -31,6 +31,48 @@ QString versionText(quint32 version)
     return text;
 }
 
+QString typeText(int type)
+{
+    switch (type) {
+    case 0: return QelProviderManagerDialog::tr("Primary");
+    case 1: return QelProviderManagerDialog::tr("Secondary");
+    default: return QString::number(type);
+    }
+}
+
+QString stateText(int state)
+{
+    switch (state) {
+    case 0: return QelProviderManagerDialog::tr("OK");
+    case 1: return QelProviderManagerDialog::tr("Disabled");
+    default: return QelProviderManagerDialog::tr("Unknown");
+    }
+}
+
+void fill(QTableWidget *table, ProviderManager *manager)
+{
+    if (!manager)
+        return;
+    const QList<ProviderManager::ProviderInfo> infos =
+        manager->getPrimaryProviders() + manager->getSecondaryProviders();
+    for (const ProviderManager::ProviderInfo &info : infos) {
+        const Provider *provider = info.provider;
+        if (!provider)
+            continue;
+        const int row = table->rowCount();
+        table->insertRow(row);
+        const QString texts[ColumnCount] = {provider->name(), provider->author(),
+                                            versionText(provider->version()),
+                                            provider->description(),
+                                            typeText(provider->type()), stateText(info.state)};
+        for (int column = 0; column < ColumnCount; ++column)
+            table->setItem(row, column, new QTableWidgetItem(texts[column]));
+    }
+    // Sorting is switched on only now: with it on, every setItem could move the row being filled.
+    table->horizontalHeader()->setSortIndicator(NameColumn, Qt::AscendingOrder);
+    table->setSortingEnabled(true);
+}
+
 } // namespace
 
 QelProviderManagerDialog::QelProviderManagerDialog(ProviderManager *manager, QWidget *parent)
@@ -42,18 +84,18 @@ QelProviderManagerDialog::QelProviderManagerDialog(ProviderManager *manager, QWi
     auto *vboxLayout = new QVBoxLayout(this);
     vboxLayout->setObjectName(QStringLiteral("vboxLayout"));
 
-    m_table = new QTableWidget(0, ColumnCount, this);
-    m_table->setObjectName(QStringLiteral("ui_providerInfo"));
-    m_table->setHorizontalHeaderLabels({tr("Provider Name"), tr("Author"), tr("Version"),
-                                        tr("Description"), tr("Type"), tr("State")});
-    m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_table->setSelectionMode(QAbstractItemView::SingleSelection);
-    m_table->setAlternatingRowColors(true);
-    m_table->verticalHeader()->hide();
-    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    m_table->horizontalHeader()->setSectionResizeMode(DescriptionColumn, QHeaderView::Stretch);
-    vboxLayout->addWidget(m_table);
+    auto *table = new QTableWidget(0, ColumnCount, this);
+    table->setObjectName(QStringLiteral("ui_providerInfo"));
+    table->setHorizontalHeaderLabels({tr("Provider Name"), tr("Author"), tr("Version"),
+                                      tr("Description"), tr("Type"), tr("State")});
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setSelectionMode(QAbstractItemView::SingleSelection);
+    table->setAlternatingRowColors(true);
+    table->verticalHeader()->hide();
+    table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    table->horizontalHeader()->setSectionResizeMode(DescriptionColumn, QHeaderView::Stretch);
+    vboxLayout->addWidget(table);
 
     auto *hboxLayout = new QHBoxLayout;
     hboxLayout->setObjectName(QStringLiteral("hboxLayout"));
@@ -65,45 +107,10 @@ QelProviderManagerDialog::QelProviderManagerDialog(ProviderManager *manager, QWi
     hboxLayout->addWidget(closeButton);
     vboxLayout->addLayout(hboxLayout);
 
-    fill(manager);
+    fill(table, manager);
     resize(720, 320);
 }
 
 QelProviderManagerDialog::~QelProviderManagerDialog() = default;
-
-void QelProviderManagerDialog::fill(ProviderManager *manager)
-{
-    if (!manager)
-        return;
-    const QList<ProviderManager::ProviderInfo> infos =
-        manager->getPrimaryProviders() + manager->getSecondaryProviders();
-    for (const ProviderManager::ProviderInfo &info : infos) {
-        const Provider *provider = info.provider;
-        if (!provider)
-            continue;
-        QString typeText;
-        switch (provider->type()) {
-        case 0: typeText = tr("Primary"); break;
-        case 1: typeText = tr("Secondary"); break;
-        default: typeText = QString::number(provider->type()); break;
-        }
-        QString stateText;
-        switch (info.state) {
-        case 0: stateText = tr("OK"); break;
-        case 1: stateText = tr("Disabled"); break;
-        default: stateText = tr("Unknown"); break;
-        }
-        const int row = m_table->rowCount();
-        m_table->insertRow(row);
-        const QString texts[ColumnCount] = {provider->name(), provider->author(),
-                                            versionText(provider->version()),
-                                            provider->description(), typeText, stateText};
-        for (int column = 0; column < ColumnCount; ++column)
-            m_table->setItem(row, column, new QTableWidgetItem(texts[column]));
-    }
-    // Sorting is switched on only now: with it on, every setItem could move the row being filled.
-    m_table->horizontalHeader()->setSortIndicator(NameColumn, Qt::AscendingOrder);
-    m_table->setSortingEnabled(true);
-}
 
 } // namespace Velmora::Framework

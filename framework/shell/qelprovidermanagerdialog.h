@@ -4,10 +4,6 @@
 
 #include <QtWidgets/qdialog.h>
 
-QT_BEGIN_NAMESPACE
-class QTableWidget;
-QT_END_NAMESPACE
-
 namespace Velmora::Framework {
 
 class ProviderManager;
@@ -22,11 +18,6 @@ public:
     // manager is borrowed and read only here; null gives an empty table.
     explicit QelProviderManagerDialog(ProviderManager *manager, QWidget *parent = nullptr);
     ~QelProviderManagerDialog() override;
-
-private:
-    void fill(ProviderManager *manager);
-
-    QTableWidget *m_table = nullptr;
 };
 
 } // namespace Velmora::Framework

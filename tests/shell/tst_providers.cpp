@@ -171,9 +171,16 @@ QStringList tst_Providers::discovered(const QStringList &tags) const
 // the exact reverse, and the manager's destructor deletes the providers last first.
 void tst_Providers::lifeRunsInOrder()
 {
-    const QString alpha = place(u"Alpha"_s);
-    QVERIFY(!alpha.isEmpty());
-    QVERIFY(!place(u"Beta"_s).isEmpty());
+    // Alpha orders after Beta: name the two until the folder lists Alpha first, so that
+    // sorting by order instead of keeping the load order would show.
+    for (int i = 0; i < 16 && discovered({u"Alpha"_s, u"Beta"_s}).value(0) != u"Alpha"_s; ++i) {
+        for (const QString &file : m_tagOfFile.keys())
+            QVERIFY(QFile::remove(m_plugins + u'/' + file));
+        m_tagOfFile.clear();
+        QVERIFY(!place(u"Alpha"_s, u"liba"_s + QString::number(i) + u".so"_s).isEmpty());
+        QVERIFY(!place(u"Beta"_s, u"libb"_s + QString::number(i) + u".so"_s).isEmpty());
+    }
+    const QString alpha = m_plugins + u'/' + m_tagOfFile.key(u"Alpha"_s);
     QVERIFY(!place(u"Gamma"_s, u"tool.so.2"_s).isEmpty());
     QVERIFY(!place(u"Delta"_s).isEmpty());
     // Were it tried, a second "Alpha" would warn.
