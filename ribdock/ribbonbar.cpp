@@ -15,6 +15,8 @@
 #include <QtWidgets/qstackedwidget.h>
 #include <QtWidgets/qtabbar.h>
 
+#include <iterator>
+
 namespace Velmora::Ribdock {
 
 namespace {
