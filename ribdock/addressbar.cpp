@@ -8,6 +8,7 @@
 #include <QtGui/qpainter.h>
 #include <QtWidgets/qboxlayout.h>
 #include <QtWidgets/qfiledialog.h>
+#include <QtWidgets/qfileiconprovider.h>
 #include <QtWidgets/qheaderview.h>
 #include <QtWidgets/qlabel.h>
 #include <QtWidgets/qlineedit.h>
@@ -293,6 +294,10 @@ AddressBar::AddressBar(QWidget *parent)
     d->model = new QFileSystemModel(this);
     // Hide what the name filters reject instead of greying it out.
     d->model->setNameFilterDisables(false);
+    // The style's folder and file icons where no icon theme is installed. The model does not
+    // own its provider and its gatherer thread may use it until the model is gone.
+    static QFileIconProvider icons;
+    d->model->setIconProvider(&icons);
     d->updateFilter();
     d->tree->setModel(d->model);
     d->tree->setHeaderHidden(true);

@@ -26,7 +26,8 @@ public:
     {
         section->setTabsClosable(closable);
         section->setTabPosition(compact ? QTabWidget::South : QTabWidget::North);
-        section->setTabBarAutoHide(compact);
+        // Beside another section, a lone view needs its tab as its name.
+        section->setTabBarAutoHide(compact && sections.size() < 2);
     }
 
     QTabWidget *sectionWidget(const QWidget *view) const
@@ -43,10 +44,11 @@ public:
         auto *section = new QTabWidget(splitter);
         section->setDocumentMode(true);
         section->setMovable(true);
-        applyLook(section);
         section->hide();
         splitter->addWidget(section);
         sections.append(section);
+        for (QTabWidget *each : std::as_const(sections))
+            applyLook(each);
         QObject::connect(section, &QTabWidget::currentChanged, q, [this, section](int index) {
             if (index >= 0)
                 makeCurrent(section->widget(index));

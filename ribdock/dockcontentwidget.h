@@ -48,8 +48,8 @@ public:
     // A closable tab asks its view to close(); a view that agrees leaves (viewClosed).
     bool tabsClosable() const;
     void setTabsClosable(bool closable);
-    // Tabs below the views, shown only for sections of two views or more: for panels, whose
-    // title bar names the current view.
+    // Tabs below the views, hidden while a single section holds a single view: for panels,
+    // whose title bar names the current view.
     bool isCompact() const;
     void setCompact(bool compact);
 

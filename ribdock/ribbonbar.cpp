@@ -5,11 +5,17 @@
 #include "ribbonpage.h"
 #include "ribdocklog_p.h"
 
+#include <QtCore/qtimer.h>
 #include <QtGui/qaction.h>
+#include <QtGui/qevent.h>
 #include <QtGui/qpainter.h>
+#include <QtWidgets/qapplication.h>
 #include <QtWidgets/qboxlayout.h>
+#include <QtWidgets/qframe.h>
 #include <QtWidgets/qstackedwidget.h>
 #include <QtWidgets/qtabbar.h>
+
+#include <iterator>
 
 namespace Velmora::Ribdock {
 
@@ -119,8 +125,42 @@ public:
     QStackedWidget *stack = nullptr;
     RibbonCorner *corner = nullptr;
     QAction *fold = nullptr;
+    QVBoxLayout *layout = nullptr;
+    // Shows the current page over the window while the ribbon is folded.
+    QFrame *popup = nullptr;
+    // Waits out a double-click, which unfolds the ribbon instead.
+    QTimer popupDelay;
     bool minimized = false;
     int contextualCount = 0;
+
+    void showPopup(RibbonBar *bar)
+    {
+        if (!popup) {
+            popup = new QFrame(bar, Qt::Popup);
+            popup->setFrameShape(QFrame::Box);
+            QPalette palette = popup->palette();
+            palette.setColor(QPalette::Window, stripColor(bar->palette()));
+            palette.setColor(QPalette::WindowText, lineColor(bar->palette()));
+            popup->setPalette(palette);
+            popup->setAutoFillBackground(true);
+            auto *popupLayout = new QVBoxLayout(popup);
+            popupLayout->setContentsMargins(1, 1, 1, 1);
+            // No size limits on the top-level: the strip's fixed height sizes it.
+            popupLayout->setSizeConstraint(QLayout::SetNoConstraint);
+            popup->installEventFilter(bar);
+        }
+        popup->layout()->addWidget(stack);
+        stack->show();
+        const QPoint origin = bar->mapToGlobal(QPoint(0, tabs->geometry().bottom() + 1));
+        popup->setGeometry(QRect(origin, QSize(bar->width(), stack->height() + 2)));
+        popup->show();
+    }
+
+    void closePopup()
+    {
+        if (popup && popup->isVisible())
+            popup->hide();
+    }
 
     void updateFoldAction()
     {
@@ -139,6 +179,7 @@ RibbonBar::RibbonBar(QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 2, 0, 0);
     layout->setSpacing(0);
+    d->layout = layout;
 
     auto *row = new QHBoxLayout;
     row->setContentsMargins(4, 0, 0, 0);
@@ -166,7 +207,21 @@ RibbonBar::RibbonBar(QWidget *parent)
         update();
         emit currentPageChanged(index);
     });
+    connect(d->tabs, &QTabBar::tabBarClicked, this, [this](int index) {
+        if (!d->minimized || index < 0)
+            return;
+        if (d->popup && d->popup->isVisible() && index == currentIndex()) {
+            d->closePopup();
+            return;
+        }
+        d->tabs->setCurrentIndex(index);
+        d->popupDelay.start();
+    });
+    d->popupDelay.setSingleShot(true);
+    d->popupDelay.setInterval(QApplication::doubleClickInterval());
+    connect(&d->popupDelay, &QTimer::timeout, this, [this] { d->showPopup(this); });
     connect(d->tabs, &QTabBar::tabBarDoubleClicked, this, [this](int index) {
+        d->popupDelay.stop();
         if (index >= 0)
             setMinimized(!d->minimized);
     });
@@ -270,6 +325,8 @@ void RibbonBar::setMinimized(bool minimized)
     if (minimized == d->minimized)
         return;
     d->minimized = minimized;
+    d->popupDelay.stop();
+    d->closePopup();
     d->stack->setVisible(!minimized);
     d->tabs->connected = !minimized;
     d->updateFoldAction();
@@ -280,6 +337,26 @@ void RibbonBar::setMinimized(bool minimized)
 RibbonCorner *RibbonBar::cornerWidget() const
 {
     return d->corner;
+}
+
+void RibbonBar::actionEvent(QActionEvent *event)
+{
+    // A command picked from the folded ribbon's popup closes it, as a menu would.
+    if (event->type() == QEvent::ActionAdded)
+        connect(event->action(), &QAction::triggered, this, [this] { d->closePopup(); });
+    else if (event->type() == QEvent::ActionRemoved)
+        disconnect(event->action(), &QAction::triggered, this, nullptr);
+    QWidget::actionEvent(event);
+}
+
+bool RibbonBar::eventFilter(QObject *watched, QEvent *event)
+{
+    // The strip goes back under the tabs once the popup is gone, however it closed.
+    if (watched == d->popup && event->type() == QEvent::Hide) {
+        d->layout->addWidget(d->stack);
+        d->stack->setVisible(!d->minimized);
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void RibbonBar::paintEvent(QPaintEvent *)

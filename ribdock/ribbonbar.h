@@ -14,7 +14,7 @@ class RibbonCorner;
 class RibbonPage;
 
 // A row of page tabs above the strip of the current page's groups. Double-clicking a tab
-// folds the ribbon to its tabs and back. Every action placed on a page is also added to the
+// folds the ribbon to its tabs and back; folded, a click on a tab shows its page in a popup. Every action placed on a page is also added to the
 // bar itself, so its shortcut works while its page is hidden or not current.
 class RIBDOCK_EXPORT RibbonBar : public QWidget
 {
@@ -52,6 +52,8 @@ signals:
     void minimizedChanged(bool minimized);
 
 protected:
+    void actionEvent(QActionEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:

@@ -7,6 +7,7 @@
 #include <QtGui/qpainterpath.h>
 #include <QtWidgets/qmenu.h>
 #include <QtWidgets/qstyleoption.h>
+#include <QtWidgets/qtooltip.h>
 
 namespace Velmora::Ribdock::Internal {
 
@@ -148,6 +149,19 @@ void RibbonButton::actionEvent(QActionEvent *event)
     // A new text may need another width; the layout asks again.
     if (event->type() == QEvent::ActionChanged)
         updateGeometry();
+}
+
+bool RibbonButton::event(QEvent *event)
+{
+    // Ribbon buttons show no shortcut of their own, so their tip names it.
+    if (event->type() == QEvent::ToolTip && defaultAction() && !defaultAction()->shortcut().isEmpty()
+        && !toolTip().isEmpty()) {
+        const QString shortcut = defaultAction()->shortcut().toString(QKeySequence::NativeText);
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(),
+                           QStringLiteral("%1 (%2)").arg(toolTip(), shortcut), this);
+        return true;
+    }
+    return QToolButton::event(event);
 }
 
 void RibbonButton::paintEvent(QPaintEvent *)

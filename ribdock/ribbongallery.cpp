@@ -81,7 +81,8 @@ RibbonGallery::RibbonGallery(QWidget *parent)
     };
     d->up = makeButton(Qt::UpArrow, tr("Previous row"));
     d->down = makeButton(Qt::DownArrow, tr("Next row"));
-    d->more = makeButton(Qt::DownArrow, tr("All items"));
+    d->more = makeButton(Qt::NoArrow, tr("All items"));
+    d->more->setIcon(QIcon(QStringLiteral(":/qelshared/images/16/ribbonGalleryMore.svg")));
     d->menu = new QMenu(this);
     layout->addLayout(scroll);
 

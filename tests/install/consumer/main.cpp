@@ -1,5 +1,6 @@
-// A plug-in author's view: only the installed package and its umbrella header.
+// A plug-in author's view: only the installed package and its umbrella headers.
 #include <velmoraframework/velmoraframework.h>
+#include <ribdock/ribdock.h>
 
 #include <QtCore/qcoreapplication.h>
 #include <QtCore/qfile.h>
@@ -8,6 +9,7 @@
 #include <cstring>
 
 using namespace Velmora::Framework;
+namespace Ribdock = Velmora::Ribdock;
 
 int main(int argc, char **argv)
 {
@@ -26,6 +28,12 @@ int main(int argc, char **argv)
     }
     if (!QFile::exists(QStringLiteral(":/qelshared/images/16/noicon.svg"))) {
         std::puts("consumer: the qelshared resources are missing");
+        return 1;
+    }
+    // The ribbon library's own resources share the root, and its key is not the window's.
+    if (!QFile::exists(QStringLiteral(":/qelshared/images/16/backword.svg"))
+        || Ribdock::DockContainer::settingsKey() == QLatin1String("IDE/geometry")) {
+        std::puts("consumer: the ribdock library is missing or wrong");
         return 1;
     }
     std::puts("consumer: ok");
