@@ -247,6 +247,9 @@ XmlReader::XmlReader(QIODevice *device, const char *caller)
     , m_scanner(std::make_unique<XmlScanner>())
 {
     m_reader.setEntityExpansionLimit(maxEntityExpansion);
+    // These files use no namespaces, and resolving a prefix searches every declaration in
+    // scope, which a hostile file can make thousands long.
+    m_reader.setNamespaceProcessing(false);
 }
 
 XmlReader::~XmlReader() = default;
