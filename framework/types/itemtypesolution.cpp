@@ -20,6 +20,10 @@ namespace {
 
 namespace Xml = Internal::XmlName;
 
+// Projects a solution may list, not counting those whose file is missing: each is opened and
+// read in turn.
+constexpr int maxProjects = 4096;
+
 ItemTypeProject *projectTypeOf(const ViewItem *item)
 {
     return item ? qobject_cast<ItemTypeProject *>(item->getType()) : nullptr;
@@ -202,6 +206,12 @@ bool ItemTypeSolution::deserialize(ViewItem *solution, QIODevice *device)
             // proportion to what loads. An empty path is asked for when the project opens.
             if (fullPath.isEmpty() || QFileInfo(fullPath).isFile())
                 entries.push_back({typeId, reader.attribute(Xml::name), fullPath});
+            if (entries.size() > std::size_t(maxProjects)) {
+                qWarning("ItemTypeSolution::deserialize(): the solution lists more than %d "
+                         "projects; nothing is loaded",
+                         maxProjects);
+                return false;
+            }
         }
         reader.skipElement();
     }

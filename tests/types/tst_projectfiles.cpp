@@ -268,6 +268,8 @@ void tst_ProjectFiles::readersRefuseOrSkipBadInput_data()
     row("solution: path of 32,768 characters refused",
         sln(entry("example.project", "./" + QByteArray(32766, 'p'))), false, u"orig"_s,
         "ItemTypeSolution" + limit + "a value is longer than 32767 characters" + nothing);
+    row("solution: 4,097 projects refused", sln(q.repeated(4097)), false, u"orig"_s,
+        "ItemTypeSolution" + limit + "the solution lists more than 4096 projects" + nothing);
     row("solution: wrong root", "<project name=\"S\">" + q + "</project>", true, u"orig"_s);
     row("solution: empty, unknown and non-project typeids, broken projects skipped",
         sln(entry("", "./p.qprj") + entry("test.none", "./p.qprj")
