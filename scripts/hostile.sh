@@ -53,6 +53,16 @@ write("attributes-32-each-63m.project", b'<project name="P">', b"<x" + attrs(32)
 write("attribute-lists-63m.project",
       b"<!DOCTYPE project [<!ATTLIST x" + b"".join(b' a%d CDATA "v"' % i for i in range(20000))
       + b'>]><project name="P">', b"<x/>", b"</project>", total=below)
+with open(f"{work}/entity-declarations-63m.project", "wb") as f:
+    f.write(b"<!DOCTYPE project [")
+    n = below // 24
+    f.write(b"".join(b'<!ENTITY e%08d "x">' % i for i in range(n)))
+    f.write(b']><project name="P"/>')
+write("namespace-lookups-63m.project",
+      b'<project name="P">' + b"".join(b"<x" + b"".join(b' xmlns:q%d_%d="u"' % (d, i)
+                                                        for i in range(31)) + b">"
+                                       for d in range(500)),
+      b"<q0_0:y/>", b"</x>" * 500 + b"</project>", total=below)
 write("items-100k.project", b'<project name="P">',
       b'<item typeid="fuzz.folder" name="f" path=""/>', b"</project>", 100000)
 write("unopenable-projects-63m.solution", b'<solution name="S">',

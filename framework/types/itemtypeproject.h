@@ -28,7 +28,8 @@ public:
 
     bool serialize(ViewItem *project, QIODevice *device) override;
     // The result is whether the document parsed. A document whose root is not "project"
-    // loads nothing and still succeeds; one nested deeper than the reader allows is refused.
+    // loads nothing and still succeeds; one beyond the reader's limits (size, nesting,
+    // attributes, entity expansion, value length; see the README) is refused with a warning.
     // Items whose type id is empty or unknown are skipped with everything inside them, and an
     // item naming a mandatory child that already exists is read into that child.
     bool deserialize(ViewItem *project, QIODevice *device) override;

@@ -22,6 +22,9 @@ namespace {
 
 namespace Xml = Internal::XmlName;
 
+// Projects a solution may list: each is opened and read in turn.
+constexpr int maxProjects = 4096;
+
 ItemTypeProject *projectTypeOf(const ViewItem *item)
 {
     return item ? qobject_cast<ItemTypeProject *>(item->getType()) : nullptr;
@@ -200,10 +203,13 @@ bool ItemTypeSolution::deserialize(ViewItem *solution, QIODevice *device)
             const QString fullPath = path.isEmpty()
                 ? QString()
                 : QDir::cleanPath(baseDir.absoluteFilePath(QDir::toNativeSeparators(path)));
-            // A project without a file cannot open; keeping only the others keeps memory in
-            // proportion to what loads. An empty path is asked for when the project opens.
-            if (fullPath.isEmpty() || QFileInfo(fullPath).isFile())
-                entries.push_back({typeId, reader.attribute(Xml::name), fullPath});
+            entries.push_back({typeId, reader.attribute(Xml::name), fullPath});
+            if (entries.size() > std::size_t(maxProjects)) {
+                qWarning("ItemTypeSolution::deserialize(): the solution lists more than %d "
+                         "projects; nothing is loaded",
+                         maxProjects);
+                return false;
+            }
         }
         reader.skipElement();
     }

@@ -40,7 +40,8 @@ public:
     // Saves every project first; a project whose save fails is left out of the file.
     bool serialize(ViewItem *solution, QIODevice *device) override;
     // Opens every listed project and appends those that open. The result is whether the
-    // document parsed; a root other than "solution" loads nothing and still succeeds.
+    // document parsed; a root other than "solution" loads nothing and still succeeds, and a
+    // document beyond the reader's limits is refused with a warning, as for projects.
     bool deserialize(ViewItem *solution, QIODevice *device) override;
 
     // How a project path is written into a solution file in the folder base: "./" and the

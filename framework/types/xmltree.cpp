@@ -46,13 +46,16 @@ QString escaped(const QString &text)
 class XmlScanner
 {
 public:
-    enum Verdict { Fine, Malformed, TooManyAttributes, TooMuchExpansion, AttributeLists };
+    enum Verdict { Fine, Malformed, TooManyAttributes, TooMuchExpansion, LargeDoctype,
+                   AttributeLists };
 
     Verdict scan(const QByteArray &chunk)
     {
         for (const char c : chunk) {
             if (c == '\0')
                 return Malformed;
+            if (m_inDoctype && ++m_doctypeBytes > maxDoctypeBytes)
+                return LargeDoctype;
             const Verdict verdict = step(c);
             if (verdict != Fine)
                 return verdict;
@@ -124,8 +127,10 @@ private:
                 quote(c, Doctype);
             else if (c == '[')
                 m_state = Subset;
-            else if (c == '>')
+            else if (c == '>') {
                 m_state = Text;
+                m_inDoctype = false;
+            }
             return Fine;
         case Subset:
             if (c == '"' || c == '\'')
@@ -196,6 +201,7 @@ private:
         if (candidate.startsWith(m_pending))
             return Fine;
         // Anything else is a declaration; inside the document type its quotes still count.
+        m_inDoctype = true;
         m_state = m_return == Text ? Doctype : Subset;
         return Fine;
     }
@@ -231,6 +237,8 @@ private:
     QByteArray m_pending; // characters after "<!" or "&" not yet recognised
     int m_attributes = 0;
     qint64 m_expansion = 0;
+    bool m_inDoctype = false;
+    int m_doctypeBytes = 0;
 };
 
 XmlReader::XmlReader(QIODevice *device, const char *caller)
@@ -239,6 +247,9 @@ XmlReader::XmlReader(QIODevice *device, const char *caller)
     , m_scanner(std::make_unique<XmlScanner>())
 {
     m_reader.setEntityExpansionLimit(maxEntityExpansion);
+    // These files use no namespaces, and resolving a prefix searches every declaration in
+    // scope, which a hostile file can make thousands long.
+    m_reader.setNamespaceProcessing(false);
 }
 
 XmlReader::~XmlReader() = default;
@@ -268,6 +279,10 @@ void XmlReader::fail(Failure failure)
         qWarning("%s: entity references may expand to more than %d characters; nothing is "
                  "loaded",
                  m_caller, maxDocumentExpansion);
+        break;
+    case Failure::LargeDoctype:
+        qWarning("%s: the document type is larger than %d bytes; nothing is loaded", m_caller,
+                 maxDoctypeBytes);
         break;
     case Failure::AttributeLists:
         qWarning("%s: the document type declares attribute lists; nothing is loaded", m_caller);
@@ -305,6 +320,9 @@ bool XmlReader::feed()
         break;
     case XmlScanner::TooMuchExpansion:
         fail(Failure::TooMuchExpansion);
+        break;
+    case XmlScanner::LargeDoctype:
+        fail(Failure::LargeDoctype);
         break;
     case XmlScanner::AttributeLists:
         fail(Failure::AttributeLists);

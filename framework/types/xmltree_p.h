@@ -41,6 +41,9 @@ constexpr int maxXmlAttributes = 32;
 // that all references to declared entities together may add to a document.
 constexpr int maxEntityExpansion = 4096;
 constexpr int maxDocumentExpansion = 1 << 20;
+// Bytes of the document type: the XML reader keeps every declaration in it. These files carry
+// none.
+constexpr int maxDoctypeBytes = 64 * 1024;
 // Characters of a type id, name or path: the longest path that Windows accepts.
 constexpr int maxXmlValueLength = 32767;
 
@@ -76,7 +79,7 @@ public:
 
 private:
     enum class Failure { None, Malformed, TooLarge, TooDeep, TooManyAttributes,
-                         TooMuchExpansion, AttributeLists, TooLong };
+                         TooMuchExpansion, LargeDoctype, AttributeLists, TooLong };
 
     QXmlStreamReader::TokenType next();
     bool feed();

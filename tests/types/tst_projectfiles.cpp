@@ -222,7 +222,8 @@ void tst_ProjectFiles::readersRefuseOrSkipBadInput_data()
     row("project: 100,000 items", doc(a.repeated(100000)), true,
         u"P["_s + QStringList(100000, u"a"_s).join(u',') + u']');
     // Limits that keep hostile files cheap, each crossed by one: attributes per element,
-    // characters that entity references may add, values, and attribute-list declarations.
+    // characters that entity references may add, the document type, values, and attribute-list
+    // declarations.
     const auto attributes = [](int count) {
         QByteArray bytes;
         for (int i = 0; i < count; ++i)
@@ -252,6 +253,10 @@ void tst_ProjectFiles::readersRefuseOrSkipBadInput_data()
         "<!DOCTYPE project [<!ENTITY a \"" + QByteArray(100, 'a') + "\"><!ENTITY b \""
             + QByteArray("&a;").repeated(41) + "\">]>" + doc(item("&b;")),
         false, u"orig"_s);
+    row("project: document type over 64 KiB refused",
+        "<!DOCTYPE project [<!-- " + QByteArray(64 * 1024, 'x') + " -->]>" + doc(a), false,
+        u"orig"_s,
+        "ItemTypeProject" + limit + "the document type is larger than 65536 bytes" + nothing);
     row("project: attribute-list declaration refused",
         "<!DOCTYPE project [<!ATTLIST item x CDATA \"x\">]>" + doc(a), false, u"orig"_s,
         "ItemTypeProject" + limit + "the document type declares attribute lists" + nothing);
@@ -263,6 +268,8 @@ void tst_ProjectFiles::readersRefuseOrSkipBadInput_data()
     row("solution: path of 32,768 characters refused",
         sln(entry("example.project", "./" + QByteArray(32766, 'p'))), false, u"orig"_s,
         "ItemTypeSolution" + limit + "a value is longer than 32767 characters" + nothing);
+    row("solution: 4,097 projects refused", sln(q.repeated(4097)), false, u"orig"_s,
+        "ItemTypeSolution" + limit + "the solution lists more than 4096 projects" + nothing);
     row("solution: wrong root", "<project name=\"S\">" + q + "</project>", true, u"orig"_s);
     row("solution: empty, unknown and non-project typeids, broken projects skipped",
         sln(entry("", "./p.qprj") + entry("test.none", "./p.qprj")
