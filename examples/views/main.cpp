@@ -11,7 +11,7 @@
 #include "model/viewitem.h"
 #include "types/itemtype.h"
 #include "types/itemtypefolder.h"
-#include "views/ioutlinesource.h"
+#include "core/icontentoutline.h"
 #include "views/multiplewindow.h"
 #include "views/outlinewindow.h"
 #include "views/outputtabwidget.h"
@@ -78,10 +78,10 @@ public:
 };
 
 // A script editor that offers its functions and sections as an outline.
-class ScriptEditor : public QPlainTextEdit, public IEditor, public IOutlineSource
+class ScriptEditor : public QPlainTextEdit, public IEditor, public IContentOutline
 {
     Q_OBJECT
-    Q_INTERFACES(Velmora::Framework::IEditor Velmora::Framework::IOutlineSource
+    Q_INTERFACES(Velmora::Framework::IEditor Velmora::Framework::IContentOutline
                      Velmora::Framework::IBase)
 
 public:

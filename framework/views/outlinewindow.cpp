@@ -1,6 +1,6 @@
 #include "views/outlinewindow.h"
 
-#include "views/ioutlinesource.h"
+#include "core/icontentoutline.h"
 
 #include <QtCore/qpointer.h>
 #include <QtCore/qsortfilterproxymodel.h>
@@ -15,9 +15,9 @@ namespace Velmora::Framework {
 class OutlineWindowPrivate
 {
 public:
-    IOutlineSource *source() const
+    IContentOutline *source() const
     {
-        return editor ? qobject_cast<IOutlineSource *>(editor.data()) : nullptr;
+        return editor ? qobject_cast<IContentOutline *>(editor.data()) : nullptr;
     }
     void update();
 
@@ -32,7 +32,7 @@ public:
 
 void OutlineWindowPrivate::update()
 {
-    IOutlineSource *source = this->source();
+    IContentOutline *source = this->source();
     model = source ? source->outlineModel() : nullptr;
     proxy->setSourceModel(model.data());
     stack->setCurrentWidget(model ? static_cast<QWidget *>(tree) : none);
@@ -74,7 +74,7 @@ OutlineWindow::OutlineWindow(QWidget *parent)
     connect(d->filter, &QLineEdit::textChanged, this, &OutlineWindow::setFilterText);
     // A click or the keyboard's activation both go there.
     const auto goTo = [this](const QModelIndex &index) {
-        IOutlineSource *source = d->source();
+        IContentOutline *source = d->source();
         if (source && d->model && index.isValid())
             source->goToOutline(d->proxy->mapToSource(index));
     };

@@ -12,10 +12,10 @@ QT_END_NAMESPACE
 
 namespace Velmora::Framework {
 
-class IOutlineSource;
+class IContentOutline;
 class OutlineWindowPrivate;
 
-// Shows the structure of the current editor, when it offers one (IOutlineSource), and
+// Shows the structure of the current editor, when it offers one (IContentOutline), and
 // "No outline" otherwise; activating a row moves the editor there.
 class VELMORA_FRAMEWORK_EXPORT OutlineWindow : public QWidget
 {
@@ -31,7 +31,7 @@ public:
     QTreeView *treeView() const;
 
 public Q_SLOTS:
-    // Borrowed; any widget, of which only IOutlineSource implementers have an outline.
+    // Borrowed; any widget, of which only IContentOutline implementers have an outline.
     void setEditor(QWidget *editor);
     // Shows only the rows whose text contains text, with their ancestors.
     void setFilterText(const QString &text);

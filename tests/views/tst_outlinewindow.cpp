@@ -1,6 +1,6 @@
 #include "testsupport.h"
 
-#include "views/ioutlinesource.h"
+#include "core/icontentoutline.h"
 #include "views/outlinewindow.h"
 
 #include <QtGui/qstandarditemmodel.h>
@@ -12,10 +12,10 @@ using namespace Velmora::Framework;
 
 namespace {
 
-class OutlinedEditor : public QWidget, public IOutlineSource
+class OutlinedEditor : public QWidget, public IContentOutline
 {
     Q_OBJECT
-    Q_INTERFACES(Velmora::Framework::IOutlineSource Velmora::Framework::IBase)
+    Q_INTERFACES(Velmora::Framework::IContentOutline Velmora::Framework::IBase)
 
 public:
     OutlinedEditor()

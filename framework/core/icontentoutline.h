@@ -8,17 +8,15 @@ class QAbstractItemModel;
 class QModelIndex;
 QT_END_NAMESPACE
 
-#define VELMORA_IID_IOUTLINESOURCE "IOutlineSource.Views.Velmora.Orvane"
-
 namespace Velmora::Framework {
 
 // An editor that can show its structure in the outline window. Implement it in the editor
 // widget and list it in the widget's Q_INTERFACES; queryInterface can answer with
 // queryByMetaCast(this, iid, out).
-class VELMORA_FRAMEWORK_EXPORT IOutlineSource : public virtual IBase
+class VELMORA_FRAMEWORK_EXPORT IContentOutline : public virtual IBase
 {
 public:
-    ~IOutlineSource() override = default;
+    ~IContentOutline() override = default;
 
     // The structure, borrowed; it may change at any time through its own signals. Null when
     // the editor has nothing to show now.
@@ -29,4 +27,4 @@ public:
 
 } // namespace Velmora::Framework
 
-Q_DECLARE_INTERFACE(Velmora::Framework::IOutlineSource, VELMORA_IID_IOUTLINESOURCE)
+Q_DECLARE_INTERFACE(Velmora::Framework::IContentOutline, VELMORA_IID_ICONTENTOUTLINE)
