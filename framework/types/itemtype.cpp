@@ -1,5 +1,6 @@
 #include "types/itemtype.h"
 #include "types/itemtype_p.h"
+#include "types/viewaction.h"
 
 #include "core/typeregistrar.h"
 #include "model/itemdata.h"
@@ -36,17 +37,6 @@ QList<ItemType *> derivedTypes(const TypeRegistrar *registrar, const QString &ty
     return found;
 }
 
-QAction *makeAction(ItemType *owner, const QString &text, const QString &icon,
-                    const QString &toolTip, const QString &statusTip)
-{
-    auto *action = new QAction(text, owner);
-    if (!icon.isEmpty())
-        action->setIcon(QIcon(icon));
-    action->setToolTip(toolTip);
-    action->setStatusTip(statusTip);
-    return action;
-}
-
 } // namespace
 
 ItemType::ChildType::ChildType(const QString &typeId, bool includeDerived)
@@ -77,22 +67,24 @@ ItemType::ItemType(QObject *parent)
 
     const QString noIcon = QStringLiteral(":/qelshared/images/16/noicon.svg");
     const QString menus = QStringLiteral("defaultMenus");
-    auto addCommand = [&](int order, const QString &text, const QString &icon,
+    // The commands enable themselves for the selection (see ViewAction).
+    auto addCommand = [&](int order, QAction *action, const QString &icon,
                           const QString &toolTip, const QString &statusTip, const char *command,
                           uint flag) {
-        QAction *action = makeAction(this, text, icon, toolTip, statusTip);
+        describeAction(action, icon, toolTip, statusTip);
         handler->hookupHandler(action, QString::fromLatin1(command));
         addMenuItem(action, order, menus, flag);
     };
 
     addMenuSeperator(16);
-    addCommand(17, tr("Add Ne&w Item..."), noIcon, tr("Add New"), tr("Add a new item to this item"),
-               "cmdAddNew", AddNewMenu);
-    addCommand(18, tr("Add Existin&g Item..."), noIcon, tr("Add Existing"),
+    addCommand(17, new AddAction(tr("Add Ne&w Item..."), this), noIcon, tr("Add New"),
+               tr("Add a new item to this item"), "cmdAddNew", AddNewMenu);
+    addCommand(18, new AddAction(tr("Add Existin&g Item..."), this), noIcon, tr("Add Existing"),
                tr("Add an existing item to this item"), "cmdAddExisting", AddExistingMenu);
     addMenuSeperator(32);
 
-    d->editAction = makeAction(this, tr("&Edit"), QString(), tr("Edit"), tr("Edit this item"));
+    d->editAction = describeAction(new QAction(tr("&Edit"), this), QString(), tr("Edit"),
+                                   tr("Edit this item"));
     connect(d->editAction.data(), &QAction::triggered, &d->editorMapper,
             qOverload<>(&QSignalMapper::map));
     d->editorMapper.setMapping(d->editAction.data(), QString());
@@ -105,19 +97,24 @@ ItemType::ItemType(QObject *parent)
     addMenuItem(d->editWithMenu.data(), 34, menus, EditWithMenu);
 
     addMenuSeperator(65520);
-    addCommand(65521, tr("Cu&t"), QStringLiteral(":/qelshared/images/16/cut.svg"), tr("Cut"),
+    addCommand(65521, new QAction(tr("Cu&t"), this),
+               QStringLiteral(":/qelshared/images/16/cut.svg"), tr("Cut"),
                tr("Cut the item to the clipboard"), "cmdCut", CutMenu);
-    addCommand(65522, tr("Cop&y"), QStringLiteral(":/qelshared/images/16/copy.svg"), tr("Copy"),
+    addCommand(65522, new QAction(tr("Cop&y"), this),
+               QStringLiteral(":/qelshared/images/16/copy.svg"), tr("Copy"),
                tr("Copy the item to the clipboard"), "cmdCopy", CopyMenu);
-    addCommand(65523, tr("&Paste"), QStringLiteral(":/qelshared/images/16/paste.svg"),
-               tr("Paste"), tr("Paste from the clipboard to the item"), "cmdPaste", PasteMenu);
-    addCommand(65524, tr("Remo&ve"), QStringLiteral(":/qelshared/images/16/remove.svg"),
-               tr("Remove"), tr("Remove the item"), "cmdRemove", RemoveMenu);
-    addCommand(65525, tr("Rena&me"), QStringLiteral(":/qelshared/images/16/rename.svg"),
-               tr("Rename"), tr("Rename the item"), "cmdRename", RenameMenu);
+    addCommand(65523, new PasteAction(tr("&Paste"), this),
+               QStringLiteral(":/qelshared/images/16/paste.svg"), tr("Paste"),
+               tr("Paste from the clipboard to the item"), "cmdPaste", PasteMenu);
+    addCommand(65524, new RemoveAction(tr("Remo&ve"), this),
+               QStringLiteral(":/qelshared/images/16/remove.svg"), tr("Remove"),
+               tr("Remove the item"), "cmdRemove", RemoveMenu);
+    addCommand(65525, new RenameAction(tr("Rena&me"), this),
+               QStringLiteral(":/qelshared/images/16/rename.svg"), tr("Rename"),
+               tr("Rename the item"), "cmdRename", RenameMenu);
 
-    d->propertiesAction = makeAction(this, tr("P&roperties"), QString(), tr("Properties"),
-                                     tr("Show the property window"));
+    d->propertiesAction = describeAction(new QAction(tr("P&roperties"), this), QString(),
+                                         tr("Properties"), tr("Show the property window"));
     handler->hookupHandler(d->propertiesAction, QStringLiteral("cmdProperties"));
 }
 

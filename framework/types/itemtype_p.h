@@ -10,6 +10,7 @@
 #include <QtCore/qmutex.h>
 #include <QtCore/qpointer.h>
 #include <QtCore/qsignalmapper.h>
+#include <QtGui/qaction.h>
 #include <QtGui/qicon.h>
 #include <QtWidgets/qmenu.h>
 
@@ -71,5 +72,16 @@ public:
     QString defaultPreviewerId;
     QAction *propertiesAction = nullptr;
 };
+
+// Gives a menu action its icon (none for an empty path), tool tip and status tip.
+inline QAction *describeAction(QAction *action, const QString &icon, const QString &toolTip,
+                               const QString &statusTip)
+{
+    if (!icon.isEmpty())
+        action->setIcon(QIcon(icon));
+    action->setToolTip(toolTip);
+    action->setStatusTip(statusTip);
+    return action;
+}
 
 } // namespace Velmora::Framework

@@ -8,6 +8,8 @@
 #include "model/itemutils.h"
 #include "model/viewitem.h"
 #include "types/augmentation_p.h"
+#include "types/itemtype_p.h"
+#include "types/viewaction.h"
 
 #include <QtCore/qdir.h>
 #include <QtCore/qfile.h>
@@ -125,14 +127,11 @@ ItemTypeFile::ItemTypeFile(QObject *parent)
     connect(d->fileHandler.mapper(), &QSignalMapper::mappedString, this,
             [this](const QString &command) { dispatch(command); });
 
+    // File commands show for files only and enable themselves by the files' menus.
     const auto addCommand = [this](int order, const QString &text, const QString &icon,
                                    const QString &toolTip, const QString &statusTip,
-                                   const QString &command, uint flag) {
-        auto *action = new QAction(text, this);
-        if (!icon.isEmpty())
-            action->setIcon(QIcon(icon));
-        action->setToolTip(toolTip);
-        action->setStatusTip(statusTip);
+                                   const QString &command, FileMenu flag) {
+        auto *action = describeAction(new FileAction(flag, text, this), icon, toolTip, statusTip);
         d->fileHandler.hookupHandler(action, command);
         addMenuItem(action, order, fileMenusProperty, flag);
     };
