@@ -386,6 +386,8 @@ void EnvironmentPrivate::setupDockContainer()
     Ribdock::DockContentWidget *content = dock->contentWidget();
     content->tabifyView(multipleWindow, Environment::tr("File"),
                         icon(":/qelshared/images/24/file.svg"));
+    // No project is open yet.
+    multipleWindow->setFrontPageVisible(true);
     setupEditorArea(content);
 
     // 2. The tool windows.
