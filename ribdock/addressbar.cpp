@@ -315,7 +315,11 @@ AddressBar::AddressBar(QWidget *parent)
     d->show(normalized(QDir::homePath()));
 }
 
-AddressBar::~AddressBar() = default;
+AddressBar::~AddressBar()
+{
+    // Children go after d does; a focused editor loses its focus on its way out.
+    d->edit->removeEventFilter(this);
+}
 
 QString AddressBar::path() const
 {
