@@ -200,9 +200,10 @@ public:
         QStringList patterns;
         for (const QString &suffix : std::as_const(suffixes))
             patterns.append(QStringLiteral("*.") + suffix);
-        // Without suffixes no file qualifies: folders only.
-        model->setFilter(suffixes.isEmpty() ? QDir::AllDirs | QDir::NoDotAndDotDot
-                                            : QDir::AllDirs | QDir::Files | QDir::NoDotAndDotDot);
+        // Without suffixes no file qualifies: folders only. Case-sensitive like the check
+        // on activation, so the tree shows no file that would not open.
+        const QDir::Filters folders = QDir::AllDirs | QDir::NoDotAndDotDot | QDir::CaseSensitive;
+        model->setFilter(suffixes.isEmpty() ? folders : folders | QDir::Files);
         model->setNameFilters(patterns);
     }
 
@@ -315,7 +316,11 @@ AddressBar::AddressBar(QWidget *parent)
     d->show(normalized(QDir::homePath()));
 }
 
-AddressBar::~AddressBar() = default;
+AddressBar::~AddressBar()
+{
+    // Children go after d does; a focused editor loses its focus on its way out.
+    d->edit->removeEventFilter(this);
+}
 
 QString AddressBar::path() const
 {

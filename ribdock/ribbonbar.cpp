@@ -227,7 +227,12 @@ RibbonBar::RibbonBar(QWidget *parent)
     });
 }
 
-RibbonBar::~RibbonBar() = default;
+RibbonBar::~RibbonBar()
+{
+    // Children go after d does; an open popup hidden on its way out must not reach the filter.
+    if (d->popup)
+        d->popup->removeEventFilter(this);
+}
 
 RibbonPage *RibbonBar::addPage(const QString &title)
 {

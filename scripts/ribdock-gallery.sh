@@ -11,5 +11,11 @@ shift || true
 
 [ -f "$build/CMakeCache.txt" ] || cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo
 cmake --build "$build" -j2 --target ribdock_gallery
-# A window the size of a small laptop screen; the address bar shows the repository.
-"$here/screenshot.sh" -s 1400x860 "$out" "$build/examples/ribdock/ribdock_gallery" --path "$root" "$@"
+# A window the size of a small laptop screen; the address bar shows the repository. Another
+# xvfb-run starting at the same moment can take the same display, so a failed try is repeated.
+for try in 1 2 3; do
+    "$here/screenshot.sh" -s 1400x860 "$out" "$build/examples/ribdock/ribdock_gallery" --path "$root" "$@" \
+        && exit 0
+    echo "Screenshot try $try failed." >&2
+done
+exit 1
