@@ -5,6 +5,8 @@
 #include <QtCore/qpointer.h>
 #include <QtWidgets/qboxlayout.h>
 #include <QtWidgets/qsplitter.h>
+#include <QtWidgets/qstyle.h>
+#include <QtWidgets/qtabbar.h>
 #include <QtWidgets/qtabwidget.h>
 
 namespace Velmora::Ribdock {
@@ -21,13 +23,32 @@ public:
     QPointer<QWidget> current;
     bool closable = false;
     bool compact = false;
+    // Views whose tab keeps no close button while the others have one.
+    QList<const QWidget *> pinned;
 
     void applyLook(QTabWidget *section) const
     {
         section->setTabsClosable(closable);
+        for (const QWidget *view : pinned)
+            unpin(section, view);
         section->setTabPosition(compact ? QTabWidget::South : QTabWidget::North);
         // Beside another section, a lone view needs its tab as its name.
         section->setTabBarAutoHide(compact && sections.size() < 2);
+    }
+
+    // Takes the close button off view's tab, if the view is in section.
+    static void unpin(QTabWidget *section, const QWidget *view)
+    {
+        const int index = section->indexOf(const_cast<QWidget *>(view));
+        if (index < 0 || !section->tabsClosable())
+            return;
+        QTabBar *bar = section->tabBar();
+        const auto side = QTabBar::ButtonPosition(
+            bar->style()->styleHint(QStyle::SH_TabBar_CloseButtonPosition, nullptr, bar));
+        if (QWidget *button = bar->tabButton(index, side)) {
+            bar->setTabButton(index, side, nullptr);
+            button->deleteLater();
+        }
     }
 
     QTabWidget *sectionWidget(const QWidget *view) const
@@ -88,10 +109,13 @@ public:
         views.append(view);
         QObject::connect(view, &QObject::destroyed, q, [this, view] {
             views.removeOne(view);
+            pinned.removeOne(view);
             for (QTabWidget *s : std::as_const(sections))
                 s->setVisible(s->count() > 0);
         });
         section->setCurrentIndex(section->addTab(view, icon, title));
+        if (pinned.contains(view))
+            unpin(section, view);
         section->show();
         makeCurrent(view);
         return int(views.size()) - 1;
@@ -232,6 +256,15 @@ void DockContentWidget::setTabsClosable(bool closable)
 {
     d->closable = closable;
     for (QTabWidget *section : std::as_const(d->sections))
+        d->applyLook(section);
+}
+
+void DockContentWidget::setViewClosable(QWidget *view, bool closable)
+{
+    d->pinned.removeOne(view);
+    if (!closable && view)
+        d->pinned.append(view);
+    if (QTabWidget *section = d->sectionWidget(view))
         d->applyLook(section);
 }
 

@@ -48,6 +48,8 @@ public:
     // A closable tab asks its view to close(); a view that agrees leaves (viewClosed).
     bool tabsClosable() const;
     void setTabsClosable(bool closable);
+    // A view that must stay (a start page, say) keeps no close button on its tab.
+    void setViewClosable(QWidget *view, bool closable);
     // Tabs below the views, hidden while a single section holds a single view: for panels,
     // whose title bar names the current view.
     bool isCompact() const;

@@ -386,6 +386,7 @@ void EnvironmentPrivate::setupDockContainer()
     Ribdock::DockContentWidget *content = dock->contentWidget();
     content->tabifyView(multipleWindow, Environment::tr("File"),
                         icon(":/qelshared/images/24/file.svg"));
+    content->setViewClosable(multipleWindow, false);
     // No project is open yet.
     multipleWindow->setFrontPageVisible(true);
     setupEditorArea(content);

@@ -11,6 +11,8 @@
 #include <QtCore/qtemporarydir.h>
 #include <QtWidgets/qlabel.h>
 #include <QtWidgets/qmainwindow.h>
+#include <QtWidgets/qtabbar.h>
+#include <QtWidgets/qtabwidget.h>
 
 #include <memory>
 
@@ -105,6 +107,21 @@ void tst_DockContainer::viewsAnswerTheirIndex()
     QCOMPARE(content->tabifyView(fourth, QStringLiteral("Editor"), QIcon(), 5), 3);
     QCOMPARE(content->sectionOf(fourth), 1);
     QCOMPARE(content->sectionCount(), 2);
+    // A view that must stay keeps no close button beside closable tabs.
+    content->setTabsClosable(true);
+    content->setViewClosable(fourth, false);
+    const auto closeButton = [content](QWidget *view) -> QWidget * {
+        for (QTabWidget *section : content->findChildren<QTabWidget *>()) {
+            if (const int index = section->indexOf(view); index >= 0) {
+                QTabBar *bar = section->tabBar();
+                QWidget *left = bar->tabButton(index, QTabBar::LeftSide);
+                return left ? left : bar->tabButton(index, QTabBar::RightSide);
+            }
+        }
+        return nullptr;
+    };
+    QVERIFY(!closeButton(fourth));
+    QVERIFY(closeButton(third));
     QTest::ignoreMessage(QtWarningMsg, "DockContentWidget::addView(): null view");
     QCOMPARE(m_docks->addView(partition, nullptr, QStringLiteral("none")), -1);
 
