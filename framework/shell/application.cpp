@@ -21,6 +21,8 @@ public:
     // Kept for the executable's own translations.
     QTranslator applicationTranslator;
     QTranslator extraTranslator;
+    // What Qt answers for a name nobody gave (the executable's name), so run() can tell.
+    QString fallbackName;
 };
 
 Application::Application(int &argc, char **argv, QString organizationDomain,
@@ -30,6 +32,8 @@ Application::Application(int &argc, char **argv, QString organizationDomain,
     setOrganizationDomain(organizationDomain);
     setOrganizationName(organizationName);
     setApplicationName(applicationName);
+    if (applicationName.isEmpty())
+        d->fallbackName = QCoreApplication::applicationName();
     // A missing translation leaves the source language, silently.
     const QString folder = applicationDirPath() + QStringLiteral("/translations/");
     (void)d->qtTranslator.load(QStringLiteral("qt_zh_CN.qm"), folder);
@@ -55,7 +59,7 @@ int Application::run()
         setOrganizationDomain(defaultOrganization());
     if (organizationName().isEmpty())
         setOrganizationName(defaultOrganization());
-    if (applicationName().isEmpty())
+    if (applicationName().isEmpty() || applicationName() == d->fallbackName)
         setApplicationName(QStringLiteral("Tessaly"));
     addLibraryPath(applicationDirPath());
 

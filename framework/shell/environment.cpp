@@ -138,6 +138,7 @@ public:
     QPointer<ProjectView> projectView;
     QPointer<PropertyWindow> propertyWindow;
     QPointer<SolutionLaunchable> solutionLaunchable;
+    QString closedSolutionPath;
     std::array<QPointer<QAction>, Environment::ActionCount> actions;
     std::array<QPointer<QMenu>, Environment::MenuCount> menus;
 };
@@ -579,8 +580,12 @@ void Environment::afterShow(QApplication *)
 
 void Environment::stop()
 {
-    if (d->solutionItem && !d->solutionItem->getItemPath().isEmpty())
-        QSettings().setValue(lastSolutionKey, d->solutionItem->getItemPath());
+    // Closing the main window closes the solution before the application quits, so the
+    // solution closed last is remembered when none is open any more.
+    const QString open = d->solutionItem ? d->solutionItem->getItemPath() : QString();
+    const QString last = open.isEmpty() ? d->closedSolutionPath : open;
+    if (!last.isEmpty())
+        QSettings().setValue(lastSolutionKey, last);
     if (d->providerManager)
         d->providerManager->shutdownAll();
     d->path.clear();
@@ -608,7 +613,12 @@ bool Environment::closeSolution()
 {
     if (!d->solutionType || !d->solutionItem)
         return true;
-    return d->solutionType->close(d->solutionItem);
+    const QString path = d->solutionItem->getItemPath();
+    if (!d->solutionType->close(d->solutionItem))
+        return false;
+    if (!path.isEmpty())
+        d->closedSolutionPath = path;
+    return true;
 }
 
 void Environment::newProject()
