@@ -26,6 +26,8 @@
 
 #include <QtWidgets/qstatusbar.h>
 
+#include <functional>
+
 namespace Velmora::Framework {
 
 class FacilitiesPrivate
@@ -720,63 +722,55 @@ QWidget *Facilities::XTypeRegistrar::widgetParent()
     return registrar ? registrar->widgetParent() : nullptr;
 }
 
-ItemType *Facilities::XTypeRegistrar::typeFor(const QString &typeId, const QString &factory)
+bool Facilities::XTypeRegistrar::onType(const QString &typeId, const QString &factory,
+                                        const std::function<void(ItemType *)> &call)
 {
-    return typeId.isEmpty() || factory.isEmpty() ? nullptr : lookup(typeId);
+    ItemType *type = typeId.isEmpty() || factory.isEmpty() ? nullptr : lookup(typeId);
+    if (type)
+        call(type);
+    return type;
 }
 
 bool Facilities::XTypeRegistrar::registerEditorFactory(const QString &typeId,
                                                        IEditorFactory *factory)
 {
-    ItemType *type = factory ? typeFor(typeId, factory->name()) : nullptr;
-    if (type)
+    return factory && onType(typeId, factory->name(), [factory](ItemType *type) {
         type->registerEditorFactory(factory->name(), factory);
-    return type;
+    });
 }
 
 bool Facilities::XTypeRegistrar::unregisterEditorFactory(const QString &typeId,
                                                          const QString &factory)
 {
-    ItemType *type = typeFor(typeId, factory);
-    if (type)
-        type->unregisterEditorFactory(factory);
-    return type;
+    return onType(typeId, factory, [&](ItemType *type) { type->unregisterEditorFactory(factory); });
 }
 
 bool Facilities::XTypeRegistrar::setDefaultEditorFactory(const QString &typeId,
                                                          const QString &factory)
 {
-    ItemType *type = typeFor(typeId, factory);
-    if (type)
-        type->setDefaultEditorFactory(factory);
-    return type;
+    return onType(typeId, factory, [&](ItemType *type) { type->setDefaultEditorFactory(factory); });
 }
 
 bool Facilities::XTypeRegistrar::registerPreviewerFactory(const QString &typeId,
                                                           IPreviewerFactory *factory)
 {
-    ItemType *type = factory ? typeFor(typeId, factory->name()) : nullptr;
-    if (type)
+    return factory && onType(typeId, factory->name(), [factory](ItemType *type) {
         type->registerPreviewerFactory(factory->name(), factory);
-    return type;
+    });
 }
 
 bool Facilities::XTypeRegistrar::unregisterPreviewerFactory(const QString &typeId,
                                                             const QString &factory)
 {
-    ItemType *type = typeFor(typeId, factory);
-    if (type)
-        type->unregisterPreviewerFactory(factory);
-    return type;
+    return onType(typeId, factory,
+                  [&](ItemType *type) { type->unregisterPreviewerFactory(factory); });
 }
 
 bool Facilities::XTypeRegistrar::setDefaultPreviewerFactory(const QString &typeId,
                                                             const QString &factory)
 {
-    ItemType *type = typeFor(typeId, factory);
-    if (type)
-        type->setDefaultPreviewerFactory(factory);
-    return type;
+    return onType(typeId, factory,
+                  [&](ItemType *type) { type->setDefaultPreviewerFactory(factory); });
 }
 
 void Facilities::XTypeRegistrar::onUnload(Provider *)

@@ -8,6 +8,8 @@
 #include "shell/facilities.h"
 #include "shell/unloadlistener.h"
 
+#include <functional>
+
 namespace Velmora::Framework {
 
 class IDEWindow;
@@ -195,8 +197,10 @@ VELMORA_HUB_SERVICE(XTypeRegistrar, ITypeRegistrar)
     void onUnload(Provider *provider) override;
 
 private:
-    // The registered type named typeId when both strings are given; null otherwise.
-    ItemType *typeFor(const QString &typeId, const QString &factory);
+    // Calls call with the registered type named typeId when both strings are given, and
+    // answers whether it did.
+    bool onType(const QString &typeId, const QString &factory,
+                const std::function<void(ItemType *)> &call);
 };
 
 VELMORA_HUB_SERVICE(XServiceRegistrar, IServiceRegistrar)
