@@ -1,6 +1,7 @@
 #include "core/augmentableregistrar.h"
 
 #include "core/ibase.h"
+#include "core/logging_p.h"
 #include "core/orderedif.h"
 
 #include <QtCore/qmap.h>
@@ -37,7 +38,8 @@ bool AugmentableRegistrar::registerInterface(const QString &id, IBase *iface, in
         return false;
     IBase *implemented = nullptr;
     if (!iface->queryInterface(id.toUtf8().constData(), &implemented)) {
-        qWarning("ActionHandler::registerInterface() - Interface type mismatch!");
+        qCWarning(Internal::lcCore,
+                  "ActionHandler::registerInterface() - Interface type mismatch!");
         return false;
     }
     IFaceList *&list = d->interfaces[id];

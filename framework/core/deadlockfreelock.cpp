@@ -1,6 +1,7 @@
 #include "core/deadlockfreelock.h"
 #include "core/deadlockfreelock_p.h"
 
+#include "core/logging_p.h"
 #include "core/rwlocktracing_p.h"
 
 #include <QtCore/qlist.h>
@@ -211,7 +212,7 @@ void DeadlockFreeLock::unlockWrite()
     d->guard.lock();
     if (!d->isHolder(current)) {
         d->guard.unlock();
-        qDebug("Error: Non-holder thread attempt to unlock the write lock");
+        qCDebug(Internal::lcCore, "Error: Non-holder thread attempt to unlock the write lock");
         return;
     }
     if (--d->writeCount != 0) {

@@ -1,5 +1,7 @@
 #include "core/serviceregistrar.h"
 
+#include "core/logging_p.h"
+
 #include <QtCore/qmap.h>
 
 namespace Velmora::Framework {
@@ -22,7 +24,8 @@ bool ServiceRegistrar::registerService(const QString &id, IBase *service)
     if (id.isEmpty())
         return false;
     if (d->services.contains(id))
-        qWarning("The Service is already registered. Previous serivce is overwritten.\n");
+        qCWarning(Internal::lcCore,
+                  "The Service is already registered. Previous serivce is overwritten.\n");
     d->services.insert(id, service);
     emit serviceRegistered(id);
     return true;
@@ -32,7 +35,7 @@ IBase *ServiceRegistrar::unregisterService(const QString &id)
 {
     const auto it = d->services.constFind(id);
     if (it == d->services.cend()) {
-        qWarning("Service not registered.\n");
+        qCWarning(Internal::lcCore, "Service not registered.\n");
         return nullptr;
     }
     IBase *service = it.value();

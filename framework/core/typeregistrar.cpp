@@ -1,6 +1,7 @@
 #include "core/typeregistrar.h"
 
 #include "core/augmentableregistrar.h"
+#include "core/logging_p.h"
 #include "types/itemtype.h"
 
 #include <QtCore/qhash.h>
@@ -39,8 +40,9 @@ bool TypeRegistrar::registerType(ItemType *type, const QString &scope)
     if (id.isEmpty())
         return false;
     if (d->types.contains(id)) {
-        qWarning("%s", qPrintable(QStringLiteral("Type , %1, already registered. Previous type is "
-                                                 "overwritten.").arg(id)));
+        qCWarning(Internal::lcCore, "%s",
+                  qPrintable(QStringLiteral("Type , %1, already registered. Previous type is "
+                                            "overwritten.").arg(id)));
     }
     d->types.insert(id, type);
     d->classNames.insert(QString::fromLatin1(type->metaObject()->className()), id);
@@ -62,7 +64,8 @@ ItemType *TypeRegistrar::unregisterType(const QString &id)
 {
     const auto it = d->types.constFind(id);
     if (it == d->types.cend()) {
-        qWarning("%s", qPrintable(QStringLiteral("Type %1 not registered.").arg(id)));
+        qCWarning(Internal::lcCore, "%s",
+                  qPrintable(QStringLiteral("Type %1 not registered.").arg(id)));
         return nullptr;
     }
     ItemType *type = it.value();
@@ -135,10 +138,10 @@ ViewItem *TypeRegistrar::createItem(const QString &id, const QString &name, QObj
 void TypeRegistrar::deallocateAll()
 {
     const QStringList ids = d->types.keys();
-    qDebug("Deallocating...");
+    qCDebug(Internal::lcCore, "Deallocating...");
     for (const QString &id : ids) {
         if (ItemType *type = unregisterType(id)) {
-            qDebug("%s", qPrintable(id));
+            qCDebug(Internal::lcCore, "%s", qPrintable(id));
             delete type;
         }
     }

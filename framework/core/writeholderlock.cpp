@@ -1,5 +1,6 @@
 #include "core/writeholderlock.h"
 
+#include "core/logging_p.h"
 #include "core/rwlocktracing_p.h"
 
 #include <QtCore/qthread.h>
@@ -35,7 +36,8 @@ void WriteHolderLock::unlockRead()
         return;
     }
     if (m_holderReadCount == 0) {
-        qDebug("Error: Holder thread attempt to unlock read while refcount is already 0");
+        qCDebug(Internal::lcCore,
+                "Error: Holder thread attempt to unlock read while refcount is already 0");
         return;
     }
     --m_holderReadCount;
@@ -56,7 +58,7 @@ void WriteHolderLock::lockForWrite()
 void WriteHolderLock::unlockWrite()
 {
     if (!isWriteLockHolder()) {
-        qDebug("Error: Non-holder thread attempt to unlock the write lock");
+        qCDebug(Internal::lcCore, "Error: Non-holder thread attempt to unlock the write lock");
         return;
     }
     // As in lockForWrite, only the holder touches its count, so a nested unlock needs no guard.
@@ -70,7 +72,7 @@ void WriteHolderLock::unlockWrite()
     // Releasing never blocks, so it is safe under the guard.
     Internal::unlockRw(m_rwLock, Internal::LockMode::Write);
     if (m_holderReadCount != 0)
-        qDebug("Non-zero write holder read count at write unlock");
+        qCDebug(Internal::lcCore, "Non-zero write holder read count at write unlock");
 }
 
 } // namespace Velmora::Framework

@@ -1,5 +1,6 @@
 #include "appbox.h"
 
+#include "core/logging_p.h"
 #include "core/prompts.h"
 #include "dialogs/appinstalldialog.h"
 #include "dialogs/appmanifest_p.h"
@@ -71,14 +72,15 @@ void AppBox::reload()
     QString reason;
     d->usable = Internal::readAppList(d->customFile, &d->apps, &reason);
     if (!d->usable)
-        qWarning("AppBox: %s cannot be read (%s); it is left untouched",
-                 qPrintable(d->customFile), qPrintable(reason));
+        qCWarning(Internal::lcDialogs, "AppBox: %s cannot be read (%s); it is left untouched",
+                  qPrintable(d->customFile), qPrintable(reason));
     d->shown.clear();
     for (int i = 0; i < d->apps.size(); ++i) {
         const Internal::AppEntry &app = d->apps.at(i);
         if (app.programPath(&reason).isEmpty()) {
             // Kept in the file: the folder may be on a drive that is away for now.
-            qWarning("AppBox: not showing app %s: %s", qPrintable(app.name), qPrintable(reason));
+            qCWarning(Internal::lcDialogs, "AppBox: not showing app %s: %s", qPrintable(app.name),
+                      qPrintable(reason));
             continue;
         }
         d->shown.append(i);

@@ -1,5 +1,7 @@
 #include "assistant.h"
 
+#include "core/logging_p.h"
+
 #include <QtCore/qfileinfo.h>
 #include <QtHelp/qhelpcontentwidget.h>
 #include <QtHelp/qhelpengine.h>
@@ -63,13 +65,14 @@ Assistant::Assistant(const QString &collectionFile, QWidget *parent)
     d->engine = new QHelpEngine(collectionFile, this);
     d->engine->setUsesFilterEngine(true);
     if (!QFileInfo(collectionFile).isFile()) {
-        qWarning("Assistant: the help collection %s is missing", qPrintable(collectionFile));
+        qCWarning(Internal::lcDialogs, "Assistant: the help collection %s is missing",
+                  qPrintable(collectionFile));
     } else if (!d->engine->setupData()) {
-        qWarning("Assistant: the help collection %s cannot be opened: %s",
-                 qPrintable(collectionFile), qPrintable(d->engine->error()));
+        qCWarning(Internal::lcDialogs, "Assistant: the help collection %s cannot be opened: %s",
+                  qPrintable(collectionFile), qPrintable(d->engine->error()));
     } else if (d->engine->registeredDocumentations().isEmpty()) {
-        qWarning("Assistant: the help collection %s holds no documentation",
-                 qPrintable(collectionFile));
+        qCWarning(Internal::lcDialogs, "Assistant: the help collection %s holds no documentation",
+                  qPrintable(collectionFile));
     } else {
         d->ready = true;
     }

@@ -1,5 +1,6 @@
 #include "exampledialog.h"
 
+#include "core/logging_p.h"
 #include "core/prompts.h"
 #include "dialogs/contentfile_p.h"
 
@@ -114,8 +115,9 @@ ExampleDialog::ExampleDialog(const QStringList &roots, const QStringList &groups
                 continue;
             const int group = groups.indexOf(example->category);
             if (group < 0) {
-                qWarning("ExampleDialog: skipping example folder %s: unknown category \"%s\"",
-                         qPrintable(folder.filePath()), qPrintable(example->category));
+                qCWarning(Internal::lcDialogs,
+                          "ExampleDialog: skipping example folder %s: unknown category \"%s\"",
+                          qPrintable(folder.filePath()), qPrintable(example->category));
                 continue;
             }
             d->examples[group].append(*example);
@@ -232,8 +234,8 @@ std::optional<ExampleDialog::Example> ExampleDialog::readExample(const QString &
         }
     }
     if (!example)
-        qWarning("ExampleDialog: skipping example folder %s: %s", qPrintable(folder),
-                 qPrintable(reason));
+        qCWarning(Internal::lcDialogs, "ExampleDialog: skipping example folder %s: %s",
+                  qPrintable(folder), qPrintable(reason));
     return example;
 }
 

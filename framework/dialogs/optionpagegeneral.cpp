@@ -1,5 +1,6 @@
 #include "optionpagegeneral.h"
 
+#include "core/logging_p.h"
 #include "dialogs/quickstartwindow.h"
 #include "dialogs/settingsvalue_p.h"
 
@@ -98,8 +99,9 @@ void OptionPageGeneral::load(QSettings &settings)
     const QString language = settings.value(languageSettingPath(), QString(english)).toString();
     int index = d->language->findData(language);
     if (index < 0) {
-        qWarning("OptionPageGeneral::load(): unknown language \"%s\" for %s, using English",
-                 qPrintable(language), qPrintable(languageSettingPath()));
+        qCWarning(Internal::lcDialogs,
+                  "OptionPageGeneral::load(): unknown language \"%s\" for %s, using English",
+                  qPrintable(language), qPrintable(languageSettingPath()));
         index = 0;
     }
     d->language->setCurrentIndex(index);

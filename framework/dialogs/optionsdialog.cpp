@@ -1,5 +1,6 @@
 #include "optionsdialog.h"
 
+#include "core/logging_p.h"
 #include "core/prompts.h"
 #include "dialogs/optionpage.h"
 #include "dialogs/settingsvalue_p.h"
@@ -123,16 +124,18 @@ void OptionsDialog::setSettings(QSettings *settings)
 bool OptionsDialog::registerOptionPage(const OptionTopItem &topItem, OptionPage *page)
 {
     if (!page) {
-        qWarning("OptionsDialog::registerOptionPage(): null page");
+        qCWarning(Internal::lcDialogs, "OptionsDialog::registerOptionPage(): null page");
         return false;
     }
     if (!topItem.isValid()) {
-        qWarning("OptionsDialog::registerOptionPage(): top item without a title");
+        qCWarning(Internal::lcDialogs,
+                  "OptionsDialog::registerOptionPage(): top item without a title");
         return false;
     }
     if (d->itemByPage.contains(page)) {
-        qWarning("OptionsDialog::registerOptionPage(): page %s already registered",
-                 qPrintable(page->title()));
+        qCWarning(Internal::lcDialogs,
+                  "OptionsDialog::registerOptionPage(): page %s already registered",
+                  qPrintable(page->title()));
         return false;
     }
     auto *item = new QTreeWidgetItem(d->topItemFor(topItem), QStringList(page->title()));
@@ -155,7 +158,8 @@ bool OptionsDialog::registerOptionPage(const OptionTopItem &topItem, OptionPage 
 bool OptionsDialog::unregisterOptionPage(OptionPage *page)
 {
     if (!page || !d->itemByPage.contains(page)) {
-        qWarning("OptionsDialog::unregisterOptionPage(): page not registered");
+        qCWarning(Internal::lcDialogs,
+                  "OptionsDialog::unregisterOptionPage(): page not registered");
         return false;
     }
     disconnect(page, nullptr, this, nullptr);
@@ -222,8 +226,9 @@ bool OptionsDialog::apply()
         }
         settings.sync();
         if (settings.status() != QSettings::NoError) {
-            qWarning("OptionsDialog::apply(): the settings could not be written to %s",
-                     qPrintable(settings.fileName()));
+            qCWarning(Internal::lcDialogs,
+                      "OptionsDialog::apply(): the settings could not be written to %s",
+                      qPrintable(settings.fileName()));
             Prompts::critical(this, tr("Error"),
                               tr("The options could not be saved to %1.").arg(settings.fileName()));
             return false;

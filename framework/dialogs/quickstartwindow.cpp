@@ -1,5 +1,6 @@
 #include "quickstartwindow.h"
 
+#include "core/logging_p.h"
 #include "dialogs/settingsvalue_p.h"
 
 #include <QtCore/qpointer.h>
@@ -82,11 +83,12 @@ void QuickStartWindow::showEvent(QShowEvent *event)
 int QuickStartWindow::addPage(QWidget *page, const QString &title)
 {
     if (!page) {
-        qWarning("QuickStartWindow::addPage(): null page");
+        qCWarning(Internal::lcDialogs, "QuickStartWindow::addPage(): null page");
         return -1;
     }
     if (indexOf(page) >= 0) {
-        qWarning("QuickStartWindow::addPage(): page %s already added", qPrintable(title));
+        qCWarning(Internal::lcDialogs, "QuickStartWindow::addPage(): page %s already added",
+                  qPrintable(title));
         return -1;
     }
     return d->tabs->addTab(page, title);

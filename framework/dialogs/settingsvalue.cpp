@@ -1,5 +1,7 @@
 #include "settingsvalue_p.h"
 
+#include "core/logging_p.h"
+
 namespace Velmora::Framework::Internal {
 
 bool readBoolSetting(QSettings &settings, const QString &key, bool fallback, const char *reader)
@@ -15,8 +17,8 @@ bool readBoolSetting(QSettings &settings, const QString &key, bool fallback, con
         return true;
     if (text == QLatin1String("false") || text == QLatin1String("0"))
         return false;
-    qWarning("%s: unreadable value \"%s\" for %s, using %s", reader,
-             qPrintable(value.toString()), qPrintable(key), fallback ? "true" : "false");
+    qCWarning(Internal::lcDialogs, "%s: unreadable value \"%s\" for %s, using %s", reader,
+              qPrintable(value.toString()), qPrintable(key), fallback ? "true" : "false");
     return fallback;
 }
 

@@ -1,5 +1,7 @@
 #include "termsofusedialog.h"
 
+#include "core/logging_p.h"
+
 #include <QtCore/qfile.h>
 #include <QtWidgets/qboxlayout.h>
 #include <QtWidgets/qdialogbuttonbox.h>
@@ -19,8 +21,8 @@ TermsOfUseDialog::TermsOfUseDialog(QWidget *parent) : QDialog(parent)
     if (file.open(QIODevice::ReadOnly))
         text->setHtml(QString::fromUtf8(file.readAll()));
     else
-        qWarning("TermsOfUseDialog: %s is missing from the resources",
-                 qPrintable(termsResource()));
+        qCWarning(Internal::lcDialogs, "TermsOfUseDialog: %s is missing from the resources",
+                  qPrintable(termsResource()));
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

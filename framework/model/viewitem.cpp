@@ -3,6 +3,7 @@
 #include "core/applicationhooks.h"
 #include "core/iaggregatable.h"
 #include "core/iavailable.h"
+#include "core/logging_p.h"
 #include "model/itemutils.h"
 #include "model/ordereditem.h"
 #include "model/viewitembase_p.h"
@@ -167,7 +168,7 @@ int ViewItem::item_index() const
 void ViewItem::addChildItem(ViewItem *child)
 {
     if (!child) {
-        qWarning("ViewItem::addChildItem(): item ptr is null\n");
+        qCWarning(Internal::lcModel, "ViewItem::addChildItem(): item ptr is null\n");
         return;
     }
     child->setParentItem(this, -1);
@@ -176,7 +177,7 @@ void ViewItem::addChildItem(ViewItem *child)
 void ViewItem::insertChildItem(ViewItem *child, int row)
 {
     if (!child) {
-        qWarning("ViewItem::insertChildItem(): item ptr is null\n");
+        qCWarning(Internal::lcModel, "ViewItem::insertChildItem(): item ptr is null\n");
         return;
     }
     child->setParentItem(this, row);
@@ -185,13 +186,14 @@ void ViewItem::insertChildItem(ViewItem *child, int row)
 void ViewItem::setParentItem(ViewItem *newParent, int row)
 {
     if (!newParent) {
-        qWarning("ViewItem::setParentItem(): parent ptr is null\n");
+        qCWarning(Internal::lcModel, "ViewItem::setParentItem(): parent ptr is null\n");
         return;
     }
     ItemType *parentType = newParent->getType();
     ItemType *type = getType();
     if (!parentType || !type || !parentType->allowedAsChild(newParent, type->getId())) {
-        qWarning("ViewItem::setParentItem(): item type not allowed as child by the new parent\n");
+        qCWarning(Internal::lcModel,
+                  "ViewItem::setParentItem(): item type not allowed as child by the new parent\n");
         return;
     }
     if (d_func()->parent)
@@ -200,7 +202,7 @@ void ViewItem::setParentItem(ViewItem *newParent, int row)
         row = newParent->getChildItemCount();
     if (ViewModel *model = newParent->viewModel()) {
         if (!model->insertItem(row, this, newParent->modelIndex()))
-            qWarning("ViewItem::setParentItem() : fail to insert child");
+            qCWarning(Internal::lcModel, "ViewItem::setParentItem() : fail to insert child");
     } else {
         newParent->ins_child(row, this);
     }

@@ -1,5 +1,6 @@
 #include "model/viewitembase.h"
 
+#include "core/logging_p.h"
 #include "model/viewitembase_p.h"
 
 #include <QtCore/qmetaobject.h>
@@ -29,7 +30,8 @@ ViewItemBase::ViewItemBase(ViewItemBasePrivate &dd, ItemType *type, const QStrin
     if (s_property_count < 0) {
         const QMetaObject *meta = &ViewItemBase::staticMetaObject;
         if (!meta)
-            qWarning("ViewItemBase: invalid meta object pointer. Something is very wrong!");
+            qCWarning(Internal::lcModel,
+                      "ViewItemBase: invalid meta object pointer. Something is very wrong!");
         else
             s_property_count = meta->propertyCount() - meta->propertyOffset();
     }

@@ -1,5 +1,6 @@
 #include "model/viewmodel.h"
 
+#include "core/logging_p.h"
 #include "core/writeholderlock.h"
 #include "model/itemtypemimecodec.h"
 #include "model/itemutils.h"
@@ -48,9 +49,9 @@ ViewModel::~ViewModel()
     disposeAllItems();
     const QByteArray name = objectName().toUtf8();
     if (name.isEmpty())
-        qDebug("Deleting ViewModel");
+        qCDebug(Internal::lcModel, "Deleting ViewModel");
     else
-        qDebug("Deleting ViewModel (%s)...", name.constData());
+        qCDebug(Internal::lcModel, "Deleting ViewModel (%s)...", name.constData());
 }
 
 ViewItem *ViewModel::rootItem() const
@@ -86,7 +87,7 @@ QModelIndex ViewModel::index(int row, int column, const QModelIndex &parent) con
 {
     ViewModelReadLocker locker(this);
     if (column < 0 || column >= columnCount(parent)) {
-        qWarning("index: column %d does not exist", column);
+        qCWarning(Internal::lcModel, "index: column %d does not exist", column);
         return QModelIndex();
     }
     ViewItem *parentNode = d->node(parent);
@@ -102,7 +103,7 @@ QModelIndex ViewModel::parent(const QModelIndex &index) const
         return QModelIndex();
     ViewItem *node = d->node(index);
     if (!node) {
-        qWarning("parent: valid index without node");
+        qCWarning(Internal::lcModel, "parent: valid index without node");
         return QModelIndex();
     }
     ViewItem *parentNode = node->getParentItem();
@@ -112,7 +113,7 @@ QModelIndex ViewModel::parent(const QModelIndex &index) const
         return createIndex(0, 0, parentNode);
     const int row = parentNode->item_index();
     if (row < 0) {
-        qWarning("parent: the row was invalid");
+        qCWarning(Internal::lcModel, "parent: the row was invalid");
         return QModelIndex();
     }
     return createIndex(row, 0, parentNode);
@@ -140,7 +141,7 @@ bool ViewModel::hasChildren(const QModelIndex &parent) const
         return !d->root.isNull();
     ViewItem *node = d->node(parent);
     if (!node) {
-        qWarning("hasChildren: valid index without node");
+        qCWarning(Internal::lcModel, "hasChildren: valid index without node");
         return false;
     }
     return node->children_count() > 0;
@@ -150,12 +151,12 @@ QVariant ViewModel::data(const QModelIndex &index, int role) const
 {
     ViewModelReadLocker locker(this);
     if (!index.isValid()) {
-        qWarning("data: the index was not valid");
+        qCWarning(Internal::lcModel, "data: the index was not valid");
         return QVariant();
     }
     ViewItem *node = d->node(index);
     if (!node) {
-        qWarning("data: the item does not exist");
+        qCWarning(Internal::lcModel, "data: the item does not exist");
         return QVariant();
     }
     switch (role) {
@@ -164,7 +165,7 @@ QVariant ViewModel::data(const QModelIndex &index, int role) const
     case Qt::ToolTipRole:
         // Strictly greater: a column equal to the count passes.
         if (index.column() > columnCount(index)) {
-            qWarning("data: invalid display value column %d", index.column());
+            qCWarning(Internal::lcModel, "data: invalid display value column %d", index.column());
             return QVariant();
         }
         if (role == Qt::DisplayRole)
@@ -196,13 +197,13 @@ Qt::ItemFlags ViewModel::flags(const QModelIndex &index) const
 {
     ViewModelReadLocker locker(this);
     if (!index.isValid()) {
-        qDebug("invalid index");
+        qCDebug(Internal::lcModel, "invalid index");
         return Qt::NoItemFlags;
     }
     ViewItem *node = d->node(index);
     ItemType *type = node ? node->getType() : nullptr;
     if (!type) {
-        qWarning("flags: item with no type");
+        qCWarning(Internal::lcModel, "flags: item with no type");
         return Qt::NoItemFlags;
     }
     Qt::ItemFlags result;
@@ -222,7 +223,7 @@ bool ViewModel::setData(const QModelIndex &index, const QVariant &value, int rol
         return false;
     ViewItem *node = d->node(index);
     if (!node) {
-        qWarning("setData: the node does not exist");
+        qCWarning(Internal::lcModel, "setData: the node does not exist");
         return false;
     }
     const QString newName = value.toString();
@@ -304,7 +305,7 @@ void ViewModel::handleDoubleClick(const QModelIndex &index)
         return;
     ViewItem *node = d->node(index);
     if (!node) {
-        qWarning("handleDoubleClick: valid index without node");
+        qCWarning(Internal::lcModel, "handleDoubleClick: valid index without node");
         return;
     }
     if (ItemType *type = node->getType())

@@ -6,6 +6,7 @@
 #include "core/hubinterfaces.h"
 #include "core/iundosource.h"
 #include "core/launchableregistrar.h"
+#include "core/logging_p.h"
 #include "core/prompts.h"
 #include "core/serviceregistrar.h"
 #include "core/sharedvariantregion.h"
@@ -427,7 +428,7 @@ void EnvironmentPrivate::setupDockContainer()
     // 5. The solution.
     solutionType = new ItemTypeSolution;
     if (!typeRegistrar->registerType(solutionType, QStringLiteral("default"))) {
-        qWarning("Failed to register solution type!\n");
+        qCWarning(Internal::lcShell, "Failed to register solution type!\n");
         delete solutionType;
     }
     solutionItem = typeRegistrar->createItem(QString::fromLatin1(Iid::ITypeSolution), QString());
@@ -541,8 +542,8 @@ Environment *Environment::currentEnvironment()
 void Environment::start(QApplication *app)
 {
     if (!app) {
-        qWarning("MxFramework::start : framework already started for path, %s.",
-                 qPrintable(d->path));
+        qCWarning(Internal::lcShell, "MxFramework::start : framework already started for path, %s.",
+                  qPrintable(d->path));
         return;
     }
     ApplicationHooks::install(this, d->facilities, &d->aggregatables);

@@ -5,6 +5,7 @@
 #include "core/ieditorfactory.h"
 #include "core/ipreviewerfactory.h"
 #include "core/launchableregistrar.h"
+#include "core/logging_p.h"
 #include "core/serviceregistrar.h"
 #include "core/sharedvariantregion.h"
 #include "core/typeregistrar.h"
@@ -641,7 +642,8 @@ void Facilities::XAggregatableRegistrar::registerAggregatable(IAggregatable *agg
         return;
     QList<IAggregatable *> *list = environment() ? environment()->aggregatables() : nullptr;
     if (!list) {
-        qWarning("Facilities::registerAggregatable() : empty aggregatabel list pointer");
+        qCWarning(Internal::lcShell,
+                  "Facilities::registerAggregatable() : empty aggregatabel list pointer");
         return;
     }
     if (!list->contains(aggregatable))
@@ -654,7 +656,8 @@ void Facilities::XAggregatableRegistrar::unregisterAggregatable(IAggregatable *a
         return;
     QList<IAggregatable *> *list = environment() ? environment()->aggregatables() : nullptr;
     if (!list) {
-        qWarning("Facilities::registerAggregatable() : empty aggregatabel list pointer");
+        qCWarning(Internal::lcShell,
+                  "Facilities::registerAggregatable() : empty aggregatabel list pointer");
         return;
     }
     list->removeOne(aggregatable);

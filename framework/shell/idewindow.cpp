@@ -1,5 +1,6 @@
 #include "shell/idewindow.h"
 
+#include "core/logging_p.h"
 #include "ribdock/dockcontainer.h"
 #include "ribdock/ribdockagent.h"
 #include "shell/environment.h"
@@ -41,7 +42,8 @@ void IDEWindow::readSettings()
 {
     const QVariant stored = QSettings().value(geometryKey);
     if (stored.isValid() && !restoreGeometry(stored.toByteArray()))
-        qInfo("IDEWindow::readSettings(): ignoring an unreadable window geometry");
+        qCInfo(Internal::lcShell,
+               "IDEWindow::readSettings(): ignoring an unreadable window geometry");
 }
 
 void IDEWindow::writeSettings()

@@ -1,5 +1,6 @@
 #include "shell/logoinfo.h"
 
+#include "core/logging_p.h"
 #include "core/prompts.h"
 
 #include <QtCore/qdir.h>
@@ -44,14 +45,14 @@ bool placeWidget(QWidget *widget, const QDomElement &element)
 {
     const QList<int> numbers = rectNumbers(element);
     if (numbers.size() < 2) {
-        qWarning(improperRect);
+        qCWarning(Internal::lcShell, improperRect);
         return false;
     }
     widget->move(numbers.at(0), numbers.at(1));
     if (numbers.size() == 4) {
         widget->resize(numbers.at(2), numbers.at(3));
     } else {
-        qWarning(shortRect);
+        qCWarning(Internal::lcShell, shortRect);
         widget->adjustSize();
     }
     return true;
@@ -167,16 +168,16 @@ void LogoInfo::setLogoConfigPath(const QString &path)
     d->layout.clear();
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        qCritical("ERROR Cannot read file %s:\n%s.\n", qPrintable(path),
-                  qPrintable(file.errorString()));
+        qCCritical(Internal::lcShell, "ERROR Cannot read file %s:\n%s.\n", qPrintable(path),
+                   qPrintable(file.errorString()));
         return;
     }
     d->layoutFolder = QFileInfo(path).absoluteDir();
 #if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
     const QDomDocument::ParseResult result = d->layout.setContent(&file);
     if (!result) {
-        qCritical("ERROR %s\n line: %d, column: %d\n", qPrintable(result.errorMessage),
-                  int(result.errorLine), int(result.errorColumn));
+        qCCritical(Internal::lcShell, "ERROR %s\n line: %d, column: %d\n",
+                   qPrintable(result.errorMessage), int(result.errorLine), int(result.errorColumn));
         d->layout.clear();
         return;
     }
@@ -185,14 +186,15 @@ void LogoInfo::setLogoConfigPath(const QString &path)
     int line = 0;
     int column = 0;
     if (!d->layout.setContent(&file, &message, &line, &column)) {
-        qCritical("ERROR %s\n line: %d, column: %d\n", qPrintable(message), line, column);
+        qCCritical(Internal::lcShell, "ERROR %s\n line: %d, column: %d\n", qPrintable(message),
+                   line, column);
         d->layout.clear();
         return;
     }
 #endif
     const QDomElement root = d->layout.documentElement();
     if (root.tagName() != QLatin1String("aboutlayout"))
-        qWarning("ERROR aboutlayout not found.\n");
+        qCWarning(Internal::lcShell, "ERROR aboutlayout not found.\n");
     const QString image = root.attribute(QStringLiteral("image"));
     if (!image.isEmpty())
         d->splashImage.load(d->resolve(image));
@@ -261,7 +263,7 @@ void LogoInfo::processText(QWidget *widget, bool splash)
             return;
         const QList<int> numbers = rectNumbers(element);
         if (numbers.size() != 4) {
-            qWarning(improperRect);
+            qCWarning(Internal::lcShell, improperRect);
             continue;
         }
         auto *label = new QLabel(substituteText(element.text()), widget);

@@ -1,6 +1,7 @@
 #include "shell/providermanager.h"
 
 #include "core/ibase.h"
+#include "core/logging_p.h"
 #include "shell/facilities.h"
 #include "shell/provider.h"
 
@@ -161,8 +162,8 @@ void ProviderManager::load(const QString &file)
     auto *loader = new QPluginLoader(file, this);
     auto *provider = qobject_cast<Provider *>(loader->instance());
     if (!provider) {
-        qDebug("====================");
-        qDebug("%s", qPrintable(loader->errorString()));
+        qCDebug(Internal::lcShell, "====================");
+        qCDebug(Internal::lcShell, "%s", qPrintable(loader->errorString()));
         delete loader;
         return;
     }
@@ -170,7 +171,8 @@ void ProviderManager::load(const QString &file)
     const QString name = ownedName(provider);
     if (d->loaders.contains(name)) {
         // The first library of a name wins; the second stays mapped until the manager goes.
-        qWarning("ProviderManager::load() : Provider %s already loaded.", qPrintable(name));
+        qCWarning(Internal::lcShell, "ProviderManager::load() : Provider %s already loaded.",
+                  qPrintable(name));
         return;
     }
     d->loaders.insert(name, loader);
@@ -200,7 +202,7 @@ void ProviderManager::unload(Provider *provider)
         return;
     // Refused while another loader still holds the library.
     if (!loader->unload())
-        qWarning("Cannot unload proivder '%s'", qPrintable(name));
+        qCWarning(Internal::lcShell, "Cannot unload proivder '%s'", qPrintable(name));
     delete loader;
 }
 

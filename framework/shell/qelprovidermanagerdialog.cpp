@@ -1,5 +1,6 @@
 #include "shell/qelprovidermanagerdialog.h"
 
+#include "core/logging_p.h"
 #include "shell/provider.h"
 #include "shell/providermanager.h"
 
@@ -22,7 +23,7 @@ QString versionText(quint32 version)
     const quint32 minor = (version >> 16) & 0xff;
     const quint32 patch = (version >> 8) & 0xff;
     const quint32 build = version & 0xff;
-    qDebug("mxPMD: <%x> <%x/%x>", version, major, minor);
+    qCDebug(Internal::lcShell, "mxPMD: <%x> <%x/%x>", version, major, minor);
     QString text = QString::number(major) + QLatin1Char('.') + QString::number(minor);
     if (patch != 0)
         text += QLatin1Char('.') + QString::number(patch);

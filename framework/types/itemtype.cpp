@@ -2,6 +2,7 @@
 #include "types/itemtype_p.h"
 #include "types/viewaction.h"
 
+#include "core/logging_p.h"
 #include "core/typeregistrar.h"
 #include "model/itemdata.h"
 #include "model/itempropertybag.h"
@@ -227,8 +228,9 @@ void ItemType::resetExcludeChildTypes()
 void ItemType::addMandatoryChild(const QString &typeId, const QString &name)
 {
     if (typeId.isEmpty() || typeId == getId()) {
-        qWarning("addMandatoryChild(): cannot add item of the same type as mandatory child, or "
-                 "the type id is empty");
+        qCWarning(Internal::lcTypes,
+                  "addMandatoryChild(): cannot add item of the same type as mandatory child, or "
+                  "the type id is empty");
         return;
     }
     if (name.isEmpty())

@@ -5,6 +5,7 @@
 #include "core/hubinterfaces.h"
 #include "core/ieditorfactory.h"
 #include "core/ipreviewerfactory.h"
+#include "core/logging_p.h"
 #include "model/itemutils.h"
 #include "model/viewitem.h"
 #include "ribdock/dockcontentwidget.h"
@@ -29,13 +30,14 @@ QAction *factoryAction(ItemType *owner, const char *caller, const QString &id, F
 {
     QAction *action = actions.value(id);
     if (factories.contains(id)) {
-        qWarning("%s: Id %s already exists, overwrite with new factory", caller, qPrintable(id));
+        qCWarning(Internal::lcTypes, "%s: Id %s already exists, overwrite with new factory", caller,
+                  qPrintable(id));
         if (!action)
-            qWarning("%s: factory and action out of sync", caller);
+            qCWarning(Internal::lcTypes, "%s: factory and action out of sync", caller);
         return action;
     }
     if (action) {
-        qWarning("%s: factory and action out of sync", caller);
+        qCWarning(Internal::lcTypes, "%s: factory and action out of sync", caller);
         return nullptr;
     }
     const QString name = factory->name();
@@ -167,7 +169,8 @@ void ItemType::setDefaultEditorFactory(const QString &id)
         return;
     }
     if (!d->editorFactories.contains(id) || !d->editorActions.contains(id)) {
-        qWarning("ItemType::setDefaultEditorFactory(): factory and action out-of-sync");
+        qCWarning(Internal::lcTypes,
+                  "ItemType::setDefaultEditorFactory(): factory and action out-of-sync");
         return;
     }
     d->defaultEditorId = id;

@@ -4,6 +4,7 @@
 #include "core/applicationhooks.h"
 #include "core/hubinterfaces.h"
 #include "core/iaugmentablegeneric.h"
+#include "core/logging_p.h"
 #include "core/prompts.h"
 #include "core/typeregistrar.h"
 #include "model/itemtypemimecodec.h"
@@ -65,11 +66,11 @@ ViewItem *addTarget(const ItemType *type, const QList<ViewItem *> &items, const 
     ViewItem *parent = items.first();
     candidates = type->addCandidates(parent);
     if (!type->registrar()) {
-        qWarning("ItemType::%s() : null registrar pointer", routine);
+        qCWarning(Internal::lcTypes, "ItemType::%s() : null registrar pointer", routine);
         return nullptr;
     }
     if (candidates.isEmpty()) {
-        qWarning("ItemType::%s() : no type of child allowed.", routine);
+        qCWarning(Internal::lcTypes, "ItemType::%s() : no type of child allowed.", routine);
         return nullptr;
     }
     return parent;
@@ -347,7 +348,7 @@ bool ItemType::GenericActionHandler::handleCommand(const QString &command,
 {
     ItemType *type = this->type();
     if (command == QLatin1String("cmdProperties")) {
-        qDebug("Properties menu item selected");
+        qCDebug(Internal::lcTypes, "Properties menu item selected");
         emit type->propertyWindowRequested();
         return true;
     }

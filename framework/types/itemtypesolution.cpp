@@ -2,6 +2,7 @@
 
 #include "core/applicationhooks.h"
 #include "core/hubinterfaces.h"
+#include "core/logging_p.h"
 #include "core/typeregistrar.h"
 #include "model/itemdata.h"
 #include "model/viewitem.h"
@@ -205,9 +206,10 @@ bool ItemTypeSolution::deserialize(ViewItem *solution, QIODevice *device)
                 : QDir::cleanPath(baseDir.absoluteFilePath(QDir::toNativeSeparators(path)));
             entries.push_back({typeId, reader.attribute(Xml::name), fullPath});
             if (entries.size() > std::size_t(maxProjects)) {
-                qWarning("ItemTypeSolution::deserialize(): the solution lists more than %d "
-                         "projects; nothing is loaded",
-                         maxProjects);
+                qCWarning(Internal::lcTypes,
+                          "ItemTypeSolution::deserialize(): the solution lists more than %d "
+                          "projects; nothing is loaded",
+                          maxProjects);
                 return false;
             }
         }

@@ -1,5 +1,7 @@
 #include "types/xmltree_p.h"
 
+#include "core/logging_p.h"
+
 #include <QtCore/qiodevice.h>
 #include <QtCore/qxmlstream.h>
 
@@ -264,32 +266,38 @@ void XmlReader::fail(Failure failure)
     case Failure::Malformed:
         break;
     case Failure::TooLarge:
-        qWarning("%s: the document is larger than %lld bytes; nothing is loaded", m_caller,
-                 maxXmlBytes);
+        qCWarning(Internal::lcTypes,
+                  "%s: the document is larger than %lld bytes; nothing is loaded", m_caller,
+                  maxXmlBytes);
         break;
     case Failure::TooDeep:
-        qWarning("%s: the document is nested deeper than %d levels; nothing is loaded", m_caller,
-                 maxXmlDepth);
+        qCWarning(Internal::lcTypes,
+                  "%s: the document is nested deeper than %d levels; nothing is loaded", m_caller,
+                  maxXmlDepth);
         break;
     case Failure::TooManyAttributes:
-        qWarning("%s: an element has more than %d attributes; nothing is loaded", m_caller,
-                 maxXmlAttributes);
+        qCWarning(Internal::lcTypes,
+                  "%s: an element has more than %d attributes; nothing is loaded", m_caller,
+                  maxXmlAttributes);
         break;
     case Failure::TooMuchExpansion:
-        qWarning("%s: entity references may expand to more than %d characters; nothing is "
-                 "loaded",
-                 m_caller, maxDocumentExpansion);
+        qCWarning(Internal::lcTypes,
+                  "%s: entity references may expand to more than %d characters; nothing is "
+                  "loaded",
+                  m_caller, maxDocumentExpansion);
         break;
     case Failure::LargeDoctype:
-        qWarning("%s: the document type is larger than %d bytes; nothing is loaded", m_caller,
-                 maxDoctypeBytes);
+        qCWarning(Internal::lcTypes,
+                  "%s: the document type is larger than %d bytes; nothing is loaded", m_caller,
+                  maxDoctypeBytes);
         break;
     case Failure::AttributeLists:
-        qWarning("%s: the document type declares attribute lists; nothing is loaded", m_caller);
+        qCWarning(Internal::lcTypes,
+                  "%s: the document type declares attribute lists; nothing is loaded", m_caller);
         break;
     case Failure::TooLong:
-        qWarning("%s: a value is longer than %d characters; nothing is loaded", m_caller,
-                 maxXmlValueLength);
+        qCWarning(Internal::lcTypes, "%s: a value is longer than %d characters; nothing is loaded",
+                  m_caller, maxXmlValueLength);
         break;
     }
 }

@@ -1,5 +1,7 @@
 #include "views/projectfrontpage.h"
 
+#include "core/logging_p.h"
+
 #include <QtCore/qcoreapplication.h>
 #include <QtCore/qdir.h>
 #include <QtCore/qfileinfo.h>
@@ -118,8 +120,9 @@ QStringList ProjectFrontPage::recentSolutions()
         // Read at every showing; once is enough to tell.
         static bool told = false;
         if (!std::exchange(told, true)) {
-            qWarning("ProjectFrontPage::recentSolutions(): ignoring the unreadable value of %s",
-                     qPrintable(recentKey()));
+            qCWarning(Internal::lcViews,
+                      "ProjectFrontPage::recentSolutions(): ignoring the unreadable value of %s",
+                      qPrintable(recentKey()));
         }
         return {};
     }

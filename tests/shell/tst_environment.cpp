@@ -27,6 +27,8 @@
 #include "views/multiplewindow.h"
 #include "views/outputwindow.h"
 
+#include <QtCore/qloggingcategory.h>
+#include <QtCore/qscopeguard.h>
 #include <QtCore/qsettings.h>
 #include <QtCore/qtemporarydir.h>
 #include <QtGui/qaction.h>
@@ -135,6 +137,7 @@ private slots:
     void ribbonPages();
     void unloadWithdrawsContributions();
     void aggregatablesAndDocks();
+    void shellWarningsCanBeSilenced();
     void projectRules();
     void commandStackFollowsTheFocus();
     void startStopAndSettings();
@@ -320,6 +323,18 @@ void tst_Environment::aggregatablesAndDocks()
                          "Facilities::registerAggregatable() : empty aggregatabel list pointer");
     orphanRegistrar->unregisterAggregatable(&first);
     QCOMPARE(interfaceCast<IDockContainer>(&orphan)->addView(1, nullptr, QString(), QIcon()), -1);
+}
+
+void tst_Environment::shellWarningsCanBeSilenced()
+{
+    // The variable would outrank the rules set here.
+    VELMORA_SKIP_IF_MESSAGES_RESHAPED();
+    QLoggingCategory::setFilterRules(u"velmora.framework.shell.warning=false"_s);
+    const auto restore = qScopeGuard([] { QLoggingCategory::setFilterRules(QString()); });
+    // Unpinned: failOnWarning fails the test if the warning still gets through.
+    Facilities orphan(nullptr);
+    DefaultAggregatable aggregatable;
+    interfaceCast<IAggregatableRegistrar>(&orphan)->registerAggregatable(&aggregatable);
 }
 
 void tst_Environment::projectRules()
