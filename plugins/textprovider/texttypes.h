@@ -4,6 +4,7 @@
 // Markdown files. Every type is registered under the identifier its getId() answers; the
 // "typeid" attributes of a project file must be these identifiers.
 
+#include <model/itemdata.h>
 #include <types/itemtypefile.h>
 #include <types/itemtypefolder.h>
 #include <types/itemtypeproject.h>

@@ -4,6 +4,8 @@
 #include "core/hubinterfaces.h"
 #include "core/icontentoutline.h"
 #include "core/launchableregistrar.h"
+#include "dialogs/quickstartwindow.h"
+#include "model/itemdata.h"
 #include "model/viewitem.h"
 #include "ribdock/dockcontentwidget.h"
 #include "shell/environment.h"
@@ -127,6 +129,9 @@ void tst_TextProvider::init()
     QTest::ignoreMessage(QtWarningMsg,
                          QRegularExpression(u"^Assistant: the help collection .* is missing$"_s));
     m_environment = std::make_unique<Environment>();
+    // Started, so that the library reaches it as the running one; its own plug-in folder
+    // beside the test does not exist.
+    m_environment->start(qApp);
     m_environment->providerManager()->loadAll(plugins);
     QCOMPARE(m_environment->providerManager()->getPrimaryProviders().size(), 1);
 }
@@ -134,7 +139,7 @@ void tst_TextProvider::init()
 void tst_TextProvider::cleanup()
 {
     if (m_environment)
-        m_environment->providerManager()->shutdownAll();
+        m_environment->stop(); // shuts the providers down
     m_environment.reset();
     m_notices.reset();
     m_dir.reset();
