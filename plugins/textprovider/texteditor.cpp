@@ -27,6 +27,7 @@ TextEditor::TextEditor(ViewItem *item)
     setDocument(data->document());
     setLineWrapMode(QPlainTextEdit::NoWrap);
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    setWindowIcon(item->getIcon(0)); // the document tab's icon
 
     // Ctrl+S saves the item through its type, as the context menu's Save does.
     auto *save = new QAction(tr("Save"), this);
