@@ -32,6 +32,7 @@
 #include "core/launchableregistrar.h"
 #include "core/orderedif.h"
 #include "core/prompts.h"
+#include "core/scriptedprompts.h"
 #include "core/serviceregistrar.h"
 #include "core/sharedvariantregion.h"
 #include "core/typeregistrar.h"

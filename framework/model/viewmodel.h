@@ -24,6 +24,9 @@ class ViewModelWriteLocker;
 // counted: a thread that holds a read locker and calls a model query (which reads again)
 // blocks for ever once a writer waits in between, so readers on other threads walk the nodes
 // directly while they hold the locker.
+// The model's own calls take the lock themselves (the item-model queries, setData,
+// insertItem, removeItems, sortItems, disposeAllItems); ViewItem's calls never do, so a
+// caller changing or walking a shown tree through ViewItem holds a locker around them.
 class VELMORA_FRAMEWORK_EXPORT ViewModel : public QAbstractItemModel
 {
     Q_OBJECT

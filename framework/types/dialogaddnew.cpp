@@ -119,6 +119,23 @@ TypeSelectModel *DialogAddNewBase::model() const
     return d->model;
 }
 
+bool DialogAddNewBase::setSelectedType(ItemType *type)
+{
+    for (int row = 0; type && row < d->model->rowCount(); ++row) {
+        const QModelIndex index = d->model->index(row, 0);
+        if (d->model->typeAt(index) == type) {
+            d->listView->setCurrentIndex(index);
+            return true;
+        }
+    }
+    return false;
+}
+
+void DialogAddNewBase::setItemName(const QString &name)
+{
+    d->nameEdit->setText(name);
+}
+
 void DialogAddNewBase::accept()
 {
     const QString name = itemName();

@@ -36,6 +36,12 @@ public:
     ViewItem *parentItem() const;
     TypeSelectModel *model() const;
 
+    // What a user would do, for tests and scripted runs that answer the dialog through
+    // Prompts: choosing a type proposes its free name as a click would; false when type is
+    // not a candidate. setItemName() then replaces the proposal.
+    bool setSelectedType(ItemType *type);
+    void setItemName(const QString &name);
+
 public Q_SLOTS:
     // Closes with Accepted only with a chosen type and a non-empty name that no child of the
     // parent has; otherwise beeps and stays open.

@@ -55,6 +55,11 @@ QString DialogAddNewProject::location() const
     return d->locationEdit->text();
 }
 
+void DialogAddNewProject::setLocation(const QString &location)
+{
+    d->locationEdit->setText(location);
+}
+
 void DialogAddNewProject::typeChanged(ItemType *type)
 {
     const bool choosable = type && type->testAttribute(ItemType::LocationChoosable);

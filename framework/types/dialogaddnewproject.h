@@ -23,6 +23,8 @@ public:
 
     // The location field's text, as entered or browsed; empty when none was given.
     QString location() const;
+    // As typed into the location field.
+    void setLocation(const QString &location);
 
 protected:
     void typeChanged(ItemType *type) override;

@@ -42,7 +42,8 @@ class ViewItemBase;
 // What every node of one kind shares: identity, icon, item flags, which children it accepts,
 // the children every new node is born with, context-menu entries and the commands behind
 // them, editors, previewers and the nodes' property bags. One instance per kind, registered
-// with the TypeRegistrar.
+// with the TypeRegistrar under the identifier getId() answers. Every subclass needs Q_OBJECT:
+// derived types are found through the meta-object's class names.
 class VELMORA_FRAMEWORK_EXPORT ItemType
     : public QObject, public IAggregatable, public ITypeGeneric, public virtual IBase
 {
@@ -128,6 +129,7 @@ public:
     bool queryInterface(const char *iid, IBase **out) override;
 
     // Identity.
+    // The identifier the type is registered under; project files name types by it.
     virtual QString getId() const = 0;
     virtual QString getDescription() const = 0;
     virtual QString getDefaultPrefix() const = 0;
@@ -138,6 +140,9 @@ public:
     virtual bool canParent() const;
     virtual bool allowedAsChild(ViewItem *parent, const QString &typeId) const;
     virtual bool testAttribute(ItemTypeAttributes attributes) const;
+    // typeId is a registered identifier, not a class name. With includeDerived the entry also
+    // admits the types of the same scope that implement the interface of that identifier or
+    // derive from the class of the type registered under it.
     virtual void addChildType(const QString &typeId, bool includeDerived);
     virtual void removeChildType(const QString &typeId);
     virtual void resetChildTypes();

@@ -109,9 +109,9 @@ void ItemType::edit(ViewItem *item, const QList<EditorInstruction> &instructions
     }
     // Editors share the document section; the tab follows the editor's title.
     content->tabifyView(editor, editor->windowTitle(), editor->windowIcon(), editorSection);
+    // Once per tabbing: a lambda cannot be a unique connection.
     QObject::connect(editor, &QWidget::windowTitleChanged, content,
-                     [content, editor](const QString &title) { content->setViewTitle(editor, title); },
-                     Qt::UniqueConnection);
+                     [content, editor](const QString &title) { content->setViewTitle(editor, title); });
     content->setCurrentView(editor);
 }
 

@@ -27,6 +27,10 @@ public:
     ItemData *createDataInstance(QObject *parent) override;
 
     bool serialize(ViewItem *project, QIODevice *device) override;
+    // Items are read without their paths (the "path" attributes are written, not applied):
+    // a project type whose items map to files must set each loaded item's path itself,
+    // typically from the device's file name and the item's chain of folders, or saving the
+    // project loses where its files are.
     // The result is whether the document parsed. A document whose root is not "project"
     // loads nothing and still succeeds; one beyond the reader's limits (size, nesting,
     // attributes, entity expansion, value length; see the README) is refused with a warning.

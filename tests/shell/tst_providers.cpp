@@ -1,6 +1,12 @@
 #include "testsupport.h"
 
 #include "fixturejournal.h"
+#include "core/hubinterfaces.h"
+#include "dialogs/optionpage.h"
+#include "dialogs/optionsdialog.h"
+#include "dialogs/quickstartwindow.h"
+#include "offscreenwindows.h"
+#include "shell/environment.h"
 #include "shell/facilities.h"
 #include "shell/provider.h"
 #include "shell/providermanager.h"
@@ -10,6 +16,7 @@
 #include <QtCore/qfile.h>
 #include <QtCore/qpluginloader.h>
 #include <QtCore/qpointer.h>
+#include <QtCore/qsettings.h>
 #include <QtCore/qtemporarydir.h>
 #include <QtTest/qabstractitemmodeltester.h>
 #include <QtTest/qsignalspy.h>
@@ -108,6 +115,7 @@ private slots:
     void firstOfANameWins();
     void faultsAreSurvived();
     void refusedUnloadIsReported();
+    void tidyStopIsSurvived();
     void factoryOrderAndWidget();
     void dialogRows();
 
@@ -283,6 +291,35 @@ void tst_Providers::faultsAreSurvived()
         m_manager->loadAll(m_plugins);
     }
     QCOMPARE(FixtureJournal::take(), QStringList({u"init Beta"_s, u"start Beta"_s}));
+}
+
+// A provider that takes back in stop() what the hub withdraws after shutdown leaves the
+// hub's withdrawal nothing to do, without a warning.
+void tst_Providers::tidyStopIsSurvived()
+{
+    QTemporaryDir settings;
+    QSettings::setDefaultFormat(QSettings::IniFormat);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
+    const Velmora::Tests::OffscreenWindowNotices notices;
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(u"^Assistant: the help collection .* is missing$"_s));
+    Environment environment;
+    QVERIFY(!place(u"Tidy"_s).isEmpty());
+    ProviderManager *manager = environment.providerManager();
+    manager->loadAll(m_plugins);
+    QCOMPARE(FixtureJournal::take(), QStringList{u"start Tidy"_s});
+    auto *hub = environment.facilities();
+    QVERIFY(interfaceCast<ITypeRegistrar>(hub)->isRegistered(u"tidy.folder"_s));
+
+    manager->shutdownAll();
+    QCOMPARE(FixtureJournal::take(), (QStringList{u"stop Tidy"_s, u"shutdown Tidy"_s}));
+    QVERIFY(!interfaceCast<ITypeRegistrar>(hub)->isRegistered(u"tidy.folder"_s));
+    QVERIFY(!interfaceCast<IServiceRegistrar>(hub)->isRegistered(u"tidy"_s));
+    QCOMPARE(interfaceCast<IOutputWindow>(hub)->findTab(u"tidy"_s), -1);
+    for (const OptionPage *page : environment.optionsDialog()->pages())
+        QVERIFY(page->title() != u"Tidy"_s);
+    QCOMPARE(environment.quickStartWindow()->count(), 0);
+    QVERIFY(environment.aggregatables()->isEmpty());
 }
 
 void tst_Providers::refusedUnloadIsReported()

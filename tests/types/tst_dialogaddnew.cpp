@@ -150,11 +150,15 @@ void tst_DialogAddNew::selectionChangeUpdatesNameAndControls()
     QCOMPARE(enabled(), (QList<bool>{true, true, true}));
 
     // A typed name is replaced by the next type's proposal, and the validator goes too.
-    name->setText(u"Mine"_s);
-    list->setCurrentIndex(dialog.model()->index(1, 0));
+    dialog.setItemName(u"Mine"_s);
+    QVERIFY(dialog.setSelectedType(&fixed));
     QCOMPARE(name->text(), u"Sheet"_s);
     QCOMPARE(name->validator(), nullptr);
     QCOMPARE(enabled(), (QList<bool>{false, false, true}));
+    TestType stranger(u"s"_s);
+    QVERIFY(!dialog.setSelectedType(&stranger));
+    QVERIFY(!dialog.setSelectedType(nullptr));
+    QCOMPARE(dialog.selectedType(), &fixed);
 
     list->setCurrentIndex(QModelIndex());
     QVERIFY(name->text().isEmpty());
@@ -185,7 +189,7 @@ void tst_DialogAddNew::acceptNeedsTypeAndFreeName()
     QSignalSpy finished(&dialog, &QDialog::finished);
     if (noType)
         control<QListView>(&dialog, "selectItemListView")->setCurrentIndex(QModelIndex());
-    control<QLineEdit>(&dialog, "nameLineEdit")->setText(name);
+    dialog.setItemName(name);
     dialog.accept(); // OK may be disabled; the check behind it must hold anyway
     // Staying open means the dialog never finished, with either result.
     QCOMPARE(finished.size(), accepted ? 1 : 0);
