@@ -3,6 +3,7 @@
 #include "dialogs/quickstartwindow.h"
 #include "dialogs/settingsvalue_p.h"
 
+#include <QtCore/qlocale.h>
 #include <QtCore/qsettings.h>
 #include <QtWidgets/qboxlayout.h>
 #include <QtWidgets/qcheckbox.h>
@@ -77,6 +78,14 @@ OptionTopItem OptionPageGeneral::topItem()
 QString OptionPageGeneral::languageSettingPath()
 {
     return QStringLiteral("IDE/Language");
+}
+
+QString OptionPageGeneral::chosenLanguage(const QSettings &settings)
+{
+    const QVariant stored = settings.value(languageSettingPath());
+    if (!stored.isValid())
+        return QLocale().language() == QLocale::Chinese ? QString(chinese) : QString(english);
+    return stored.toString() == chinese ? QString(chinese) : QString(english);
 }
 
 QString OptionPageGeneral::reopenLastSolutionSettingPath()

@@ -23,6 +23,9 @@ public:
     static OptionTopItem topItem();
     // "en" or "zh_CN"; an unknown stored value reads as "en".
     static QString languageSettingPath();
+    // The language the settings choose, "en" or "zh_CN"; with nothing stored, the default
+    // locale's (Chinese locales choose "zh_CN").
+    static QString chosenLanguage(const QSettings &settings);
     // Boolean, default false.
     static QString reopenLastSolutionSettingPath();
 
