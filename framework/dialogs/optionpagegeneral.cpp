@@ -17,6 +17,12 @@ namespace Velmora::Framework {
 namespace {
 const QLatin1String english("en");
 const QLatin1String chinese("zh_CN");
+
+// What an unset language setting means: the interface follows a Chinese locale.
+QString localeLanguage()
+{
+    return QLocale().language() == QLocale::Chinese ? QString(chinese) : QString(english);
+}
 } // namespace
 
 class OptionPageGeneralPrivate
@@ -84,7 +90,7 @@ QString OptionPageGeneral::chosenLanguage(const QSettings &settings)
 {
     const QVariant stored = settings.value(languageSettingPath());
     if (!stored.isValid())
-        return QLocale().language() == QLocale::Chinese ? QString(chinese) : QString(english);
+        return localeLanguage();
     return stored.toString() == chinese ? QString(chinese) : QString(english);
 }
 
@@ -104,7 +110,7 @@ void OptionPageGeneral::load(QSettings &settings)
     const QSignalBlocker quickStartBlocker(d->showQuickStart);
     const QSignalBlocker reopenBlocker(d->reopenLastSolution);
 
-    const QString language = settings.value(languageSettingPath(), QString(english)).toString();
+    const QString language = settings.value(languageSettingPath(), localeLanguage()).toString();
     int index = d->language->findData(language);
     if (index < 0) {
         qWarning("OptionPageGeneral::load(): unknown language \"%s\" for %s, using English",
