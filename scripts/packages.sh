@@ -4,7 +4,10 @@
 # The packages every build needs.
 VELMORA_BUILD_PACKAGES=(cmake g++ make qt6-base-dev qt6-base-dev-tools libqt6svg6-dev
                         qt6-l10n-tools libgl-dev libbenchmark-dev
-                        qt6-tools-dev qt6-tools-dev-tools qt6-documentation-tools)
+                        qt6-tools-dev qt6-tools-dev-tools qt6-documentation-tools
+                        qt6-translations-l10n)
+# What the built workbench needs to show its Chinese texts.
+VELMORA_BUILD_PACKAGES+=(fonts-noto-cjk)
 
 ensure_packages() {
     local missing=() package

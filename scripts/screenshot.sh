@@ -6,7 +6,7 @@
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 source "$here/packages.sh"
-ensure_packages xvfb xauth x11-utils imagemagick fonts-dejavu-core
+ensure_packages xvfb xauth x11-utils imagemagick fonts-dejavu-core fonts-noto-cjk
 
 delay=3 size=1600x1000
 while getopts "d:s:" opt; do

@@ -4,6 +4,7 @@
 #include "dialogs/quickstartwindow.h"
 #include "dialogs/settingsvalue_p.h"
 
+#include <QtCore/qlocale.h>
 #include <QtCore/qsettings.h>
 #include <QtWidgets/qboxlayout.h>
 #include <QtWidgets/qcheckbox.h>
@@ -17,6 +18,12 @@ namespace Velmora::Framework {
 namespace {
 const QLatin1String english("en");
 const QLatin1String chinese("zh_CN");
+
+// What an unset language setting means: the interface follows a Chinese locale.
+QString localeLanguage()
+{
+    return QLocale().language() == QLocale::Chinese ? QString(chinese) : QString(english);
+}
 } // namespace
 
 class OptionPageGeneralPrivate
@@ -80,6 +87,14 @@ QString OptionPageGeneral::languageSettingPath()
     return QStringLiteral("IDE/Language");
 }
 
+QString OptionPageGeneral::chosenLanguage(const QSettings &settings)
+{
+    const QVariant stored = settings.value(languageSettingPath());
+    if (!stored.isValid())
+        return localeLanguage();
+    return stored.toString() == chinese ? QString(chinese) : QString(english);
+}
+
 QString OptionPageGeneral::reopenLastSolutionSettingPath()
 {
     return QStringLiteral("IDE/ReopenLastSolution");
@@ -96,7 +111,7 @@ void OptionPageGeneral::load(QSettings &settings)
     const QSignalBlocker quickStartBlocker(d->showQuickStart);
     const QSignalBlocker reopenBlocker(d->reopenLastSolution);
 
-    const QString language = settings.value(languageSettingPath(), QString(english)).toString();
+    const QString language = settings.value(languageSettingPath(), localeLanguage()).toString();
     int index = d->language->findData(language);
     if (index < 0) {
         qCWarning(Internal::lcDialogs,

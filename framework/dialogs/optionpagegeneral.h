@@ -21,8 +21,11 @@ public:
 
     // The top item the environment registers this page under.
     static OptionTopItem topItem();
-    // "en" or "zh_CN"; an unknown stored value reads as "en".
+    // "en" or "zh_CN"; an unknown stored value reads as "en", an unset one as the locale's.
     static QString languageSettingPath();
+    // The language the settings choose, "en" or "zh_CN"; with nothing stored, the default
+    // locale's (Chinese locales choose "zh_CN").
+    static QString chosenLanguage(const QSettings &settings);
     // Boolean, default false.
     static QString reopenLastSolutionSettingPath();
 

@@ -1,15 +1,31 @@
 #include "shell/application.h"
 
 #include "core/applicationhooks.h"
+#include "dialogs/optionpagegeneral.h"
 #include "shell/environment.h"
 #include "shell/logoinfo.h"
 
+#include <QtCore/qsettings.h>
 #include <QtCore/qtimer.h>
 #include <QtCore/qtranslator.h>
 #include <QtWidgets/qmainwindow.h>
 #include <QtWidgets/qsplashscreen.h>
 
 namespace Velmora::Framework {
+
+namespace {
+
+QString orDefault(const QString &name, const QString &fallback)
+{
+    return name.isEmpty() ? fallback : name;
+}
+
+QString defaultApplicationName()
+{
+    return QStringLiteral("Tessaly");
+}
+
+} // namespace
 
 class ApplicationPrivate
 {
@@ -34,11 +50,17 @@ Application::Application(int &argc, char **argv, QString organizationDomain,
     setApplicationName(applicationName);
     if (applicationName.isEmpty())
         d->fallbackName = QCoreApplication::applicationName();
-    // A missing translation leaves the source language, silently.
-    const QString folder = applicationDirPath() + QStringLiteral("/translations/");
-    (void)d->qtTranslator.load(QStringLiteral("qt_zh_CN.qm"), folder);
+    // Both translators are installed; they hold the Chinese texts only when the user chose
+    // Chinese (or chose nothing on a Chinese system). A missing file leaves the source
+    // language, silently. The settings are those run() will use once it fills in the names.
+    const QSettings settings(orDefault(organizationName, defaultOrganization()),
+                             orDefault(applicationName, defaultApplicationName()));
+    if (OptionPageGeneral::chosenLanguage(settings) == QLatin1String("zh_CN")) {
+        const QString folder = applicationDirPath() + QStringLiteral("/translations/");
+        (void)d->qtTranslator.load(QStringLiteral("qt_zh_CN.qm"), folder);
+        (void)d->frameworkTranslator.load(QStringLiteral("qelshared_zh.qm"), folder);
+    }
     installTranslator(&d->qtTranslator);
-    (void)d->frameworkTranslator.load(QStringLiteral("qelshared_zh.qm"), folder);
     installTranslator(&d->frameworkTranslator);
     d->environment = std::make_unique<Environment>();
 }
@@ -55,12 +77,12 @@ QString Application::defaultOrganization()
 
 int Application::run()
 {
-    if (organizationDomain().isEmpty())
-        setOrganizationDomain(defaultOrganization());
-    if (organizationName().isEmpty())
-        setOrganizationName(defaultOrganization());
-    if (applicationName().isEmpty() || applicationName() == d->fallbackName)
-        setApplicationName(QStringLiteral("Tessaly"));
+    setOrganizationDomain(orDefault(organizationDomain(), defaultOrganization()));
+    setOrganizationName(orDefault(organizationName(), defaultOrganization()));
+    // Qt answers the executable's name for a name nobody gave.
+    if (applicationName() == d->fallbackName)
+        setApplicationName(defaultApplicationName());
+    setApplicationName(orDefault(applicationName(), defaultApplicationName()));
     addLibraryPath(applicationDirPath());
 
     Environment *environment = d->environment.get();

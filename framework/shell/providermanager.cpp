@@ -40,9 +40,11 @@ QString ownedName(const Provider *provider)
     return QString(name.constData(), name.size());
 }
 
+// The splash screen shows these, so they are translated; step is a template with %1 for
+// the provider's name.
 QString progress(const char *step, const Provider *provider)
 {
-    return QLatin1String(step) + provider->name() + QLatin1String("...");
+    return ProviderManager::tr(step).arg(provider->name());
 }
 
 // Calls fn for every usable entry of the lists, list by list; lastFirst walks each backwards.
@@ -107,11 +109,11 @@ void ProviderManager::loadAll(const QString &folder)
     d->facilities->queryInterface(Iid::IBase, &base);
 
     forEachUsable({&d->primary, &d->secondary}, false, [&](Provider *provider) {
-        emit statusChanged(progress("Initializing ", provider));
+        emit statusChanged(progress(QT_TR_NOOP("Initializing %1..."), provider));
         provider->init(base);
     });
     forEachUsable({&d->primary, &d->secondary}, false, [&](Provider *provider) {
-        emit statusChanged(progress("Starting ", provider));
+        emit statusChanged(progress(QT_TR_NOOP("Starting %1..."), provider));
         provider->start();
     });
     emit statusChanged(QString());
@@ -124,11 +126,11 @@ void ProviderManager::shutdownAll()
     const QList<ProviderInfo> secondary = d->secondary;
 
     forEachUsable({&secondary, &primary}, true, [&](Provider *provider) {
-        emit statusChanged(progress("Stopping ", provider));
+        emit statusChanged(progress(QT_TR_NOOP("Stopping %1..."), provider));
         provider->stop();
     });
     forEachUsable({&secondary, &primary}, true, [&](Provider *provider) {
-        emit statusChanged(progress("Unloading ", provider));
+        emit statusChanged(progress(QT_TR_NOOP("Unloading %1..."), provider));
         provider->shutdown();
     });
     // One notification with no provider: the hub withdraws what every provider contributed.
