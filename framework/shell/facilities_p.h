@@ -45,53 +45,68 @@ private:
     Facilities *m_hub;
 };
 
-#define VELMORA_HUB_SERVICE(Name, Interface)                                                   \
-    class Facilities::Name : public Facilities::Service, public Interface                      \
+// The members every service shares: its construction and its answer to the query.
+#define VELMORA_HUB_SERVICE(Interface)                                                         \
+public:                                                                                        \
+    using Service::Service;                                                                    \
+    bool queryInterface(const char *iid, IBase **out) override                                 \
     {                                                                                          \
-    public:                                                                                    \
-        using Service::Service;                                                                \
-        bool queryInterface(const char *iid, IBase **out) override                             \
-        {                                                                                      \
-            return answer<Interface>(this, iid, out);                                          \
-        }
+        return answer<Interface>(this, iid, out);                                              \
+    }
 
-VELMORA_HUB_SERVICE(XAssistant, IAssistant)
+class Facilities::XAssistant : public Facilities::Service, public IAssistant
+{
+    VELMORA_HUB_SERVICE(IAssistant)
     bool showAssistant(const QString &key) override;
 };
 
-VELMORA_HUB_SERVICE(XRibdock, IRibdock)
+class Facilities::XRibdock : public Facilities::Service, public IRibdock
+{
+    VELMORA_HUB_SERVICE(IRibdock)
     void bindRibbonPagesAndDockWorkspace(Ribdock::RibbonPage *page, uint workspace) override;
 };
 
-VELMORA_HUB_SERVICE(XRibbonBar, IRibbonBar)
+class Facilities::XRibbonBar : public Facilities::Service, public IRibbonBar
+{
+    VELMORA_HUB_SERVICE(IRibbonBar)
     Ribdock::RibbonBar *ribbonBar() override;
     QAction *findAction(int id) override;
     QMenu *fineMenu(int id) override;
 };
 
-VELMORA_HUB_SERVICE(XAppBox, IAppBox)
+class Facilities::XAppBox : public Facilities::Service, public IAppBox
+{
+    VELMORA_HUB_SERVICE(IAppBox)
     AppBox *appBox() override;
 };
 
-VELMORA_HUB_SERVICE(XAddressBar, IAddressBar)
+class Facilities::XAddressBar : public Facilities::Service, public IAddressBar
+{
+    VELMORA_HUB_SERVICE(IAddressBar)
     Ribdock::AddressBar *addressBar() override;
     QString path() override;
     void setPath(const QString &path) override;
     QTreeView *treeView() override;
 };
 
-VELMORA_HUB_SERVICE(XDockContainer, IDockContainer)
+class Facilities::XDockContainer : public Facilities::Service, public IDockContainer
+{
+    VELMORA_HUB_SERVICE(IDockContainer)
     Ribdock::DockContainer *dockContainer() override;
     int addView(int area, QWidget *widget, const QString &title, const QIcon &icon) override;
     int tabifyView(int area, QWidget *widget, const QString &title, const QIcon &icon) override;
     Ribdock::DockContentWidget *contentWidget() override;
 };
 
-VELMORA_HUB_SERVICE(XStatusBar, IStatusBar)
+class Facilities::XStatusBar : public Facilities::Service, public IStatusBar
+{
+    VELMORA_HUB_SERVICE(IStatusBar)
     QStatusBar *statusBar() override;
 };
 
-VELMORA_HUB_SERVICE(XProject, IProject)
+class Facilities::XProject : public Facilities::Service, public IProject
+{
+    VELMORA_HUB_SERVICE(IProject)
     bool hasProject() override;
     QString getVersion() override;
     QString getProjectPath() override;
@@ -109,7 +124,9 @@ private:
     qint32 m_value = 0;
 };
 
-VELMORA_HUB_SERVICE(XMultipleWindow, IMultipleWindow)
+class Facilities::XMultipleWindow : public Facilities::Service, public IMultipleWindow
+{
+    VELMORA_HUB_SERVICE(IMultipleWindow)
     int addView(QWidget *widget, const QIcon &icon, const QString &title) override;
     int viewCount() override;
     int indexOf(QWidget *widget) override;
@@ -122,11 +139,15 @@ VELMORA_HUB_SERVICE(XMultipleWindow, IMultipleWindow)
     void onUnload(Provider *provider) override;
 };
 
-VELMORA_HUB_SERVICE(XSharedVariantRegion, ISharedVariantRegion)
+class Facilities::XSharedVariantRegion : public Facilities::Service, public ISharedVariantRegion
+{
+    VELMORA_HUB_SERVICE(ISharedVariantRegion)
     SharedVariantRegion *sharedVariantRegion() override;
 };
 
-VELMORA_HUB_SERVICE(XOutputWindow, IOutputWindow)
+class Facilities::XOutputWindow : public Facilities::Service, public IOutputWindow
+{
+    VELMORA_HUB_SERVICE(IOutputWindow)
     int addTab(const QString &name, const QIcon &icon, const QString &title,
                QWidget *widget) override;
     int addTab(const QString &name, const QString &title, QWidget *widget) override;
@@ -144,19 +165,25 @@ VELMORA_HUB_SERVICE(XOutputWindow, IOutputWindow)
     void onUnload(Provider *provider) override;
 };
 
-VELMORA_HUB_SERVICE(XQuickStart, IQuickStart)
+class Facilities::XQuickStart : public Facilities::Service, public IQuickStart
+{
+    VELMORA_HUB_SERVICE(IQuickStart)
     int addPage(QWidget *page, const QString &title) override;
     void removePage(QWidget *page) override;
     void onUnload(Provider *provider) override;
 };
 
-VELMORA_HUB_SERVICE(XOptionsWindow, IOptionsWindow)
+class Facilities::XOptionsWindow : public Facilities::Service, public IOptionsWindow
+{
+    VELMORA_HUB_SERVICE(IOptionsWindow)
     bool registerOptionPage(const OptionTopItem &topItem, OptionPage *page) override;
     bool unregisterOptionPage(OptionPage *page) override;
     void onUnload(Provider *provider) override;
 };
 
-VELMORA_HUB_SERVICE(XSolution, ISolution)
+class Facilities::XSolution : public Facilities::Service, public ISolution
+{
+    VELMORA_HUB_SERVICE(ISolution)
     bool addProject(ViewItem *project) override;
     bool addProject(ViewItem *project, int position) override;
     void removeProject(int index, bool remove) override;
@@ -165,7 +192,9 @@ VELMORA_HUB_SERVICE(XSolution, ISolution)
     QList<ViewItem *> projects() override;
 };
 
-VELMORA_HUB_SERVICE(xDataRegistrar, IDataRegistrar)
+class Facilities::xDataRegistrar : public Facilities::Service, public IDataRegistrar
+{
+    VELMORA_HUB_SERVICE(IDataRegistrar)
     bool registerData(const QString &name, const QVariant &value) override;
     bool unregisterData(const QString &name) override;
     bool isRegistered(const QString &name) override;
@@ -173,13 +202,17 @@ VELMORA_HUB_SERVICE(xDataRegistrar, IDataRegistrar)
     bool setDataValue(const QString &name, const QVariant &value) override;
 };
 
-VELMORA_HUB_SERVICE(XAggregatableRegistrar, IAggregatableRegistrar)
+class Facilities::XAggregatableRegistrar : public Facilities::Service, public IAggregatableRegistrar
+{
+    VELMORA_HUB_SERVICE(IAggregatableRegistrar)
     void registerAggregatable(IAggregatable *aggregatable) override;
     void unregisterAggregatable(IAggregatable *aggregatable) override;
     void onUnload(Provider *provider) override;
 };
 
-VELMORA_HUB_SERVICE(XTypeRegistrar, ITypeRegistrar)
+class Facilities::XTypeRegistrar : public Facilities::Service, public ITypeRegistrar
+{
+    VELMORA_HUB_SERVICE(ITypeRegistrar)
     bool registerType(ItemType *type, const QString &scope) override;
     ItemType *unregisterType(const QString &id) override;
     bool isRegistered(const QString &id) override;
@@ -203,7 +236,9 @@ private:
                 const std::function<void(ItemType *)> &call);
 };
 
-VELMORA_HUB_SERVICE(XServiceRegistrar, IServiceRegistrar)
+class Facilities::XServiceRegistrar : public Facilities::Service, public IServiceRegistrar
+{
+    VELMORA_HUB_SERVICE(IServiceRegistrar)
     bool registerService(const QString &id, IBase *service) override;
     IBase *unregisterService(const QString &id) override;
     bool isRegistered(const QString &id) override;
@@ -211,14 +246,18 @@ VELMORA_HUB_SERVICE(XServiceRegistrar, IServiceRegistrar)
     void onUnload(Provider *provider) override;
 };
 
-VELMORA_HUB_SERVICE(XAugmentableRegistrar, IAugmentableRegistrar)
+class Facilities::XAugmentableRegistrar : public Facilities::Service, public IAugmentableRegistrar
+{
+    VELMORA_HUB_SERVICE(IAugmentableRegistrar)
     bool registerInterface(const QString &id, IBase *iface, int order) override;
     bool unregisterInterface(const QString &id, IBase *iface) override;
     QList<IBase *> getIfList(const QString &id) override;
     void onUnload(Provider *provider) override;
 };
 
-VELMORA_HUB_SERVICE(XLaunchableRegistrar, ILaunchableRegistrar)
+class Facilities::XLaunchableRegistrar : public Facilities::Service, public ILaunchableRegistrar
+{
+    VELMORA_HUB_SERVICE(ILaunchableRegistrar)
     bool registerLaunchable(ILaunchable *launchable) override;
     bool unregisterLaunchable(ILaunchable *launchable) override;
     void onUnload(Provider *provider) override;
