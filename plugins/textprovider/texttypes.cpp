@@ -91,6 +91,13 @@ FolderType::FolderType()
 TextFileType::TextFileType(Log log)
     : m_log(std::move(log))
 {
+    // Files are renamed in the project view like folders; nameChanged() moves the file.
+    setDefMenus(defMenus() | RenameMenu);
+}
+
+QString TextFileType::fileNameFor(const QString &name) const
+{
+    return canHandle(name) ? name : name + defaultExtension();
 }
 
 bool TextFileType::canHandle(const QString &path) const
@@ -109,11 +116,31 @@ ViewItem *TextFileType::createItemInstance(const QString &name, QObject *parent)
     ViewItem *item = ItemTypeFile::createItemInstance(name, parent);
     // A new item under a placed parent gets its file's path at once, so Save does not ask.
     const QString folder = folderOf(qobject_cast<ViewItem *>(parent));
-    if (item && !folder.isEmpty() && !name.isEmpty()) {
-        const QString file = canHandle(name) ? name : name + defaultExtension();
-        item->setItemPath(QDir(folder).filePath(file));
-    }
+    if (item && !folder.isEmpty() && !name.isEmpty())
+        item->setItemPath(QDir(folder).filePath(fileNameFor(name)));
     return item;
+}
+
+void TextFileType::nameChanged(ViewItem *item, const QString &oldName)
+{
+    const QString oldPath = item ? item->getItemPath() : QString();
+    if (!oldPath.isEmpty()) {
+        const QString newPath =
+            QFileInfo(oldPath).dir().filePath(fileNameFor(item->getItemName()));
+        // A file not written yet only changes its path. One that cannot move stays, and its
+        // bytes go with the item, to be written under the new name at the next save.
+        if (QFileInfo::exists(oldPath) && !QFile::rename(oldPath, newPath)) {
+            m_log(tr("Could not rename %1").arg(QDir::toNativeSeparators(oldPath)));
+            auto *data = qobject_cast<TextData *>(item->getItemData());
+            QFile source(oldPath);
+            if (data && !data->isLoaded() && source.open(QIODevice::ReadOnly)) {
+                data->load(source.readAll());
+                data->setLoaded(true);
+            }
+        }
+        item->setItemPath(newPath);
+    }
+    ItemTypeFile::nameChanged(item, oldName);
 }
 
 void TextFileType::placeChildren(ViewItem *parent, const QString &folder)
@@ -123,8 +150,7 @@ void TextFileType::placeChildren(ViewItem *parent, const QString &folder)
         auto *text = qobject_cast<TextFileType *>(child->getType());
         const QString name = child->getItemName();
         if (text) {
-            const QString file = text->canHandle(name) ? name : name + text->defaultExtension();
-            child->setItemPath(QDir(folder).filePath(file));
+            child->setItemPath(QDir(folder).filePath(text->fileNameFor(name)));
         } else if (qobject_cast<FolderType *>(child->getType())) {
             child->setItemPath(QDir(folder).filePath(name));
             placeChildren(child, child->getItemPath());

@@ -97,6 +97,8 @@ public:
 
     ItemData *createDataInstance(QObject *parent) override;
     ViewItem *createItemInstance(const QString &name, QObject *parent) override;
+    // The file follows a renamed item, so that the project finds it under its new name.
+    void nameChanged(ViewItem *item, const QString &oldName) override;
     bool serialize(ViewItem *item, QIODevice *device) override;
     bool deserialize(ViewItem *item, QIODevice *device) override;
 
@@ -104,6 +106,9 @@ public:
     static void placeChildren(ViewItem *parent, const QString &folder);
 
 private:
+    // An item's file name: its name, with the default extension unless it has one.
+    QString fileNameFor(const QString &name) const;
+
     Log m_log;
 };
 
