@@ -28,6 +28,23 @@ QString folderOf(ViewItem *parent)
     return QFileInfo(path).absolutePath();
 }
 
+// Moves a renamed item's file or folder to fileName beside it. One not written yet only
+// changes its path; one that cannot move keeps its path, so nothing on disk is lost.
+bool followName(ViewItem *item, const QString &fileName)
+{
+    const QString oldPath = item->getItemPath();
+    if (oldPath.isEmpty())
+        return false;
+    const QString newPath = QFileInfo(oldPath).dir().filePath(fileName);
+    if (QFileInfo::exists(oldPath) && !QDir().rename(oldPath, newPath)) {
+        qWarning("Could not rename %s to %s", qPrintable(QDir::toNativeSeparators(oldPath)),
+                 qPrintable(QDir::toNativeSeparators(newPath)));
+        return false;
+    }
+    item->setItemPath(newPath);
+    return true;
+}
+
 } // namespace
 
 TextData::TextData(QObject *creationContext)
@@ -88,6 +105,25 @@ FolderType::FolderType()
     addChildType(QLatin1String(TextTypeId), false);
 }
 
+ViewItem *FolderType::createItemInstance(const QString &name, QObject *parent)
+{
+    ViewItem *item = ItemTypeFolder::createItemInstance(name, parent);
+    const QString folder = folderOf(qobject_cast<ViewItem *>(parent));
+    if (item && !folder.isEmpty() && !name.isEmpty()) {
+        const QString path = QDir(folder).filePath(name);
+        QDir().mkpath(path);
+        item->setItemPath(path);
+    }
+    return item;
+}
+
+void FolderType::nameChanged(ViewItem *item, const QString &oldName)
+{
+    if (item && followName(item, item->getItemName()))
+        TextFileType::placeChildren(item, item->getItemPath());
+    ItemTypeFolder::nameChanged(item, oldName);
+}
+
 TextFileType::TextFileType(Log log)
     : m_log(std::move(log))
 {
@@ -123,23 +159,8 @@ ViewItem *TextFileType::createItemInstance(const QString &name, QObject *parent)
 
 void TextFileType::nameChanged(ViewItem *item, const QString &oldName)
 {
-    const QString oldPath = item ? item->getItemPath() : QString();
-    if (!oldPath.isEmpty()) {
-        const QString newPath =
-            QFileInfo(oldPath).dir().filePath(fileNameFor(item->getItemName()));
-        // A file not written yet only changes its path. One that cannot move stays, and its
-        // bytes go with the item, to be written under the new name at the next save.
-        if (QFileInfo::exists(oldPath) && !QFile::rename(oldPath, newPath)) {
-            m_log(tr("Could not rename %1").arg(QDir::toNativeSeparators(oldPath)));
-            auto *data = qobject_cast<TextData *>(item->getItemData());
-            QFile source(oldPath);
-            if (data && !data->isLoaded() && source.open(QIODevice::ReadOnly)) {
-                data->load(source.readAll());
-                data->setLoaded(true);
-            }
-        }
-        item->setItemPath(newPath);
-    }
+    if (item)
+        followName(item, fileNameFor(item->getItemName()));
     ItemTypeFile::nameChanged(item, oldName);
 }
 

@@ -75,6 +75,12 @@ public:
     FolderType();
 
     QString getId() const override { return QLatin1String(FolderTypeId); }
+
+    // A new folder under a placed parent is a directory beside its siblings' files, made at
+    // once so that the files added to it can be saved.
+    ViewItem *createItemInstance(const QString &name, QObject *parent) override;
+    // The directory follows a renamed folder, and the paths of the items inside it follow.
+    void nameChanged(ViewItem *item, const QString &oldName) override;
 };
 
 // Text (".txt") and Markdown (".md") files. An item's file is its name inside its folder
