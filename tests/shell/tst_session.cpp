@@ -72,8 +72,9 @@ private slots:
     void reopen();
 
 private:
-    // Runs the workbench with arguments, playing session once its window is up.
-    void runWorkbench(const QStringList &arguments, void (tst_Session::*session)());
+    // Runs the workbench with a file argument (or none), playing session once its window is
+    // up.
+    void runWorkbench(const QString &argument, void (tst_Session::*session)());
     void play(void (tst_Session::*session)());
     void createSession();
     void reopenSession();
@@ -96,7 +97,7 @@ private:
     bool m_menuChosen = false;
 };
 
-void tst_Session::runWorkbench(const QStringList &arguments, void (tst_Session::*session)())
+void tst_Session::runWorkbench(const QString &argument, void (tst_Session::*session)())
 {
     Velmora::Tests::failOnUnexpectedWarnings();
     QTemporaryDir runtime;
@@ -107,19 +108,15 @@ void tst_Session::runWorkbench(const QStringList &arguments, void (tst_Session::
     QSettings::setDefaultFormat(QSettings::IniFormat);
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, sessionDir + u"/settings"_s);
 
-    QList<QByteArray> storage{QByteArrayLiteral("tst_session")};
-    for (const QString &argument : arguments)
-        storage.append(argument.toLocal8Bit());
-    std::vector<char *> argv;
-    for (QByteArray &argument : storage)
-        argv.push_back(argument.data());
-    argv.push_back(nullptr);
-    int argc = int(storage.size());
+    QByteArray program("tst_session");
+    QByteArray file = argument.toLocal8Bit();
+    char *argv[] = {program.data(), file.data(), nullptr};
+    int argc = argument.isEmpty() ? 1 : 2;
 
     Velmora::Tests::OffscreenWindowNotices notices;
     QTest::ignoreMessage(QtWarningMsg,
                          QRegularExpression(u"^Assistant: the help collection .* is missing$"_s));
-    Application app(argc, argv.data(), QString(), QString(), QString());
+    Application app(argc, argv, QString(), QString(), QString());
     m_environment = app.environment();
     QTimer::singleShot(0, &app, [&] {
         play(session);
@@ -155,7 +152,7 @@ void tst_Session::create()
 {
     QDir(sessionDir).removeRecursively();
     QVERIFY(QDir().mkpath(sessionDir + u"/work"_s));
-    runWorkbench({}, &tst_Session::createSession);
+    runWorkbench(QString(), &tst_Session::createSession);
     if (QTest::currentTestFailed())
         return;
     QVERIFY(QFileInfo::exists(projectFile));
@@ -166,7 +163,7 @@ void tst_Session::reopen()
 {
     if (!QFileInfo::exists(projectFile))
         QSKIP("Runs after create, in a process of its own");
-    runWorkbench({projectFile}, &tst_Session::reopenSession);
+    runWorkbench(projectFile, &tst_Session::reopenSession);
     QCOMPARE(bytesOf(planFile), typed);
     QCOMPARE(bytesOf(sessionDir + u"/work/Todo.txt"_s), QByteArray());
 }
