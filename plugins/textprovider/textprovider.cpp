@@ -6,6 +6,7 @@
 #include <core/hubinterfaces.h>
 #include <dialogs/optiontopitem.h>
 #include <model/viewitem.h>
+#include <types/itemtype.h>
 
 #include <QtCore/qfileinfo.h>
 #include <QtWidgets/qlabel.h>
@@ -85,7 +86,7 @@ bool TextProviderPlugin::queryInterface(const char *iid, IBase **out)
 
 QList<QString> TextProviderPlugin::getExtensions()
 {
-    return {QStringLiteral("txt"), QStringLiteral("md")};
+    return {QStringLiteral("txt"), QStringLiteral("md"), QStringLiteral("qprj")};
 }
 
 QList<QString> TextProviderPlugin::getOptionNames()
@@ -101,6 +102,10 @@ bool TextProviderPlugin::launch(const QList<QString> &arguments)
     bool opened = false;
     for (const QString &argument : arguments) {
         const QFileInfo file(argument);
+        if (file.suffix().compare(QLatin1String("qprj"), Qt::CaseInsensitive) == 0) {
+            opened = openProject(file.absoluteFilePath()) || opened;
+            continue;
+        }
         // An item outside any project: this provider owns it until shutdown().
         ViewItem *item = types->createItem(QLatin1String(TextTypeId), file.fileName(), this);
         if (!item)
@@ -114,6 +119,15 @@ bool TextProviderPlugin::launch(const QList<QString> &arguments)
         opened = true;
     }
     return opened;
+}
+
+// Into the open solution, as the ribbon's Open > Project does: the solution's type reads it.
+bool TextProviderPlugin::openProject(const QString &path)
+{
+    auto *solution = interfaceCast<ISolution>(facilities());
+    ViewItem *root = solution ? solution->solutionItem() : nullptr;
+    ItemType *type = root ? root->getType() : nullptr;
+    return type && type->addExisting(root, path);
 }
 
 void TextProviderPlugin::log(const QString &text)

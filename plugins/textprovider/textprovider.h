@@ -14,7 +14,7 @@ class TextFileType;
 // The plug-in's root object. It reaches the framework only through the hub handed to
 // init(): every service below is asked for by interface, and none is kept across a stop.
 // It is also the launchable for ".txt" and ".md" arguments, so "Tessaly notes.md" opens the
-// file in an editor.
+// file in an editor, and for ".qprj" ones, so "Tessaly Notes.qprj" opens the text project.
 class TextProviderPlugin : public Provider, public ILaunchable
 {
     Q_OBJECT
@@ -48,6 +48,7 @@ public:
 
 private:
     void log(const QString &text);
+    bool openProject(const QString &path);
 
     TextEditorFactory m_editors;
     QPointer<TextFileType> m_textType; // the registrar owns and deletes it

@@ -28,6 +28,23 @@ QString folderOf(ViewItem *parent)
     return QFileInfo(path).absolutePath();
 }
 
+// Moves a renamed item's file or folder to fileName beside it. One not written yet only
+// changes its path; one that cannot move keeps its path, so nothing on disk is lost.
+bool followName(ViewItem *item, const QString &fileName)
+{
+    const QString oldPath = item->getItemPath();
+    if (oldPath.isEmpty())
+        return false;
+    const QString newPath = QFileInfo(oldPath).dir().filePath(fileName);
+    if (QFileInfo::exists(oldPath) && !QDir().rename(oldPath, newPath)) {
+        qWarning("Could not rename %s to %s", qPrintable(QDir::toNativeSeparators(oldPath)),
+                 qPrintable(QDir::toNativeSeparators(newPath)));
+        return false;
+    }
+    item->setItemPath(newPath);
+    return true;
+}
+
 } // namespace
 
 TextData::TextData(QObject *creationContext)
@@ -88,9 +105,35 @@ FolderType::FolderType()
     addChildType(QLatin1String(TextTypeId), false);
 }
 
+ViewItem *FolderType::createItemInstance(const QString &name, QObject *parent)
+{
+    ViewItem *item = ItemTypeFolder::createItemInstance(name, parent);
+    const QString folder = folderOf(qobject_cast<ViewItem *>(parent));
+    if (item && !folder.isEmpty() && !name.isEmpty()) {
+        const QString path = QDir(folder).filePath(name);
+        QDir().mkpath(path);
+        item->setItemPath(path);
+    }
+    return item;
+}
+
+void FolderType::nameChanged(ViewItem *item, const QString &oldName)
+{
+    if (item && followName(item, item->getItemName()))
+        TextFileType::placeChildren(item, item->getItemPath());
+    ItemTypeFolder::nameChanged(item, oldName);
+}
+
 TextFileType::TextFileType(Log log)
     : m_log(std::move(log))
 {
+    // Files are renamed in the project view like folders; nameChanged() moves the file.
+    setDefMenus(defMenus() | RenameMenu);
+}
+
+QString TextFileType::fileNameFor(const QString &name) const
+{
+    return canHandle(name) ? name : name + defaultExtension();
 }
 
 bool TextFileType::canHandle(const QString &path) const
@@ -109,11 +152,16 @@ ViewItem *TextFileType::createItemInstance(const QString &name, QObject *parent)
     ViewItem *item = ItemTypeFile::createItemInstance(name, parent);
     // A new item under a placed parent gets its file's path at once, so Save does not ask.
     const QString folder = folderOf(qobject_cast<ViewItem *>(parent));
-    if (item && !folder.isEmpty() && !name.isEmpty()) {
-        const QString file = canHandle(name) ? name : name + defaultExtension();
-        item->setItemPath(QDir(folder).filePath(file));
-    }
+    if (item && !folder.isEmpty() && !name.isEmpty())
+        item->setItemPath(QDir(folder).filePath(fileNameFor(name)));
     return item;
+}
+
+void TextFileType::nameChanged(ViewItem *item, const QString &oldName)
+{
+    if (item)
+        followName(item, fileNameFor(item->getItemName()));
+    ItemTypeFile::nameChanged(item, oldName);
 }
 
 void TextFileType::placeChildren(ViewItem *parent, const QString &folder)
@@ -123,8 +171,7 @@ void TextFileType::placeChildren(ViewItem *parent, const QString &folder)
         auto *text = qobject_cast<TextFileType *>(child->getType());
         const QString name = child->getItemName();
         if (text) {
-            const QString file = text->canHandle(name) ? name : name + text->defaultExtension();
-            child->setItemPath(QDir(folder).filePath(file));
+            child->setItemPath(QDir(folder).filePath(text->fileNameFor(name)));
         } else if (qobject_cast<FolderType *>(child->getType())) {
             child->setItemPath(QDir(folder).filePath(name));
             placeChildren(child, child->getItemPath());

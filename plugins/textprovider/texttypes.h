@@ -75,6 +75,12 @@ public:
     FolderType();
 
     QString getId() const override { return QLatin1String(FolderTypeId); }
+
+    // A new folder under a placed parent is a directory beside its siblings' files, made at
+    // once so that the files added to it can be saved.
+    ViewItem *createItemInstance(const QString &name, QObject *parent) override;
+    // The directory follows a renamed folder, and the paths of the items inside it follow.
+    void nameChanged(ViewItem *item, const QString &oldName) override;
 };
 
 // Text (".txt") and Markdown (".md") files. An item's file is its name inside its folder
@@ -97,6 +103,8 @@ public:
 
     ItemData *createDataInstance(QObject *parent) override;
     ViewItem *createItemInstance(const QString &name, QObject *parent) override;
+    // The file follows a renamed item, so that the project finds it under its new name.
+    void nameChanged(ViewItem *item, const QString &oldName) override;
     bool serialize(ViewItem *item, QIODevice *device) override;
     bool deserialize(ViewItem *item, QIODevice *device) override;
 
@@ -104,6 +112,9 @@ public:
     static void placeChildren(ViewItem *parent, const QString &folder);
 
 private:
+    // An item's file name: its name, with the default extension unless it has one.
+    QString fileNameFor(const QString &name) const;
+
     Log m_log;
 };
 
