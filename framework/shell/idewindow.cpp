@@ -40,8 +40,17 @@ IDEWindow::~IDEWindow() = default;
 void IDEWindow::readSettings()
 {
     const QVariant stored = QSettings().value(geometryKey);
-    if (stored.isValid() && !restoreGeometry(stored.toByteArray()))
+    if (stored.isValid() && restoreGeometry(stored.toByteArray()))
+        return;
+    if (stored.isValid())
         qInfo("IDEWindow::readSettings(): ignoring an unreadable window geometry");
+    // A first start: most of the screen, centred, rather than the widgets' small natural size.
+    if (const QScreen *screen = QGuiApplication::primaryScreen()) {
+        const QRect available = screen->availableGeometry();
+        QRect frame(QPoint(), available.size() * 0.85);
+        frame.moveCenter(available.center());
+        setGeometry(frame);
+    }
 }
 
 void IDEWindow::writeSettings()
