@@ -50,11 +50,11 @@ void tst_FileCheck::reportsWhereTheProblemIs_data()
         << QStringList();
     QTest::newRow("unclosed element") << u"p.qprj"_s
         << header + "<project name=\"P\">\n  <item typeid=\"t\" name=\"a\">\n</project>\n"
-        << QStringList{u"4:11: Opening and ending tag mismatch."_s};
+        << QStringList{u"4:10: Opening and ending tag mismatch."_s};
     QTest::newRow("empty file") << u"p.qprj"_s << QByteArray()
         << QStringList{u"1:0: Premature end of document."_s};
     QTest::newRow("wrong root") << u"p.qprj"_s << header + "<solution name=\"S\"/>\n"
-        << QStringList{u"2:21: the root element is <solution>, not <project>"_s};
+        << QStringList{u"2:20: the root element is <solution>, not <project>"_s};
     QTest::newRow("missing attributes, stray element") << u"p.qprj"_s
         << header + "<project>\n  <item name=\"a\"/>\n  <note/>\n  <item typeid=\"t\"/>\n</project>\n"
         << QStringList{u"3:18: <item> lacks the attribute \"typeid\""_s,
@@ -63,7 +63,7 @@ void tst_FileCheck::reportsWhereTheProblemIs_data()
     QTest::newRow("missing project file") << u"s.sln-qel"_s
         << header + "<solution name=\"S\">\n  <project typeid=\"t\" name=\"a\" path=\"./a/a.qprj\"/>\n"
                     "</solution>\n"
-        << QStringList{u"3:55: the project file ./a/a.qprj does not exist"_s};
+        << QStringList{u"3:50: the project file ./a/a.qprj does not exist"_s};
     QTest::newRow("attribute lists refused") << u"p.qprj"_s
         << header + "<!DOCTYPE project [<!ATTLIST item x CDATA \"y\">]>\n<project/>\n"
         << QStringList{u"the document type declares attribute lists"_s};
@@ -118,5 +118,5 @@ void tst_FileCheck::soundExampleSolution()
     QVERIFY2(problems.isEmpty(), problems.isEmpty() ? "" : qPrintable(problems.first().message));
 }
 
-VELMORA_TEST(tst_FileCheck)
+VELMORA_TEST(tst_FileCheck);
 #include "tst_filecheck.moc"
