@@ -1,7 +1,8 @@
 // Started once per measured start-up by bench_startup: "ours" starts the workbench's
-// application as Tessaly does (with the twenty providers of the plugins folder beside it),
-// "anchor" a bare QApplication with a QMainWindow. On the first pass of the event loop, with
-// the main window shown, it prints the monotonic clock in nanoseconds and the number of providers started, and quits.
+// application as Tessaly does, with its splash, its help collection and the twenty providers
+// of the plugins folder beside it; "anchor" a bare QApplication with a QMainWindow. On the
+// first pass of the event loop, with the main window shown, it prints the monotonic clock in
+// nanoseconds and the number of providers started, and quits.
 #include "shell/application.h"
 #include "shell/environment.h"
 #include "shell/providermanager.h"
@@ -42,6 +43,7 @@ int main(int argc, char **argv)
                                         QStringLiteral("Velmora"),
                                         QStringLiteral("TessalyStartup"));
     app.setIDEWindowTitle(QStringLiteral("Tessaly"));
+    app.setLogoConfigPath(QStringLiteral(VELMORA_BRANDING_DIR "/aboutlayout.xml"));
     // Queued before run() queues the command line, so it runs first on the loop's first pass.
     QTimer::singleShot(0, &app, [&app] {
         reportShownAndQuit(app.environment()->providerManager()->getPrimaryProviders().size());
