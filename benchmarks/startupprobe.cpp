@@ -43,7 +43,7 @@ int main(int argc, char **argv)
                                         QStringLiteral("Velmora"),
                                         QStringLiteral("TessalyStartup"));
     app.setIDEWindowTitle(QStringLiteral("Tessaly"));
-    app.setLogoConfigPath(QStringLiteral(VELMORA_BRANDING_DIR "/aboutlayout.xml"));
+    app.setLogoConfigPath(QString::fromUtf8(VELMORA_BRANDING_DIR "/aboutlayout.xml"));
     // Queued before run() queues the command line, so it runs first on the loop's first pass.
     QTimer::singleShot(0, &app, [&app] {
         reportShownAndQuit(app.environment()->providerManager()->getPrimaryProviders().size());
