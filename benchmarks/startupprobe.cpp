@@ -2,17 +2,20 @@
 // application as Tessaly does, with its splash, its help collection and the twenty providers
 // of the plugins folder beside it; "anchor" a bare QApplication with a QMainWindow. On the
 // first pass of the event loop, with the main window shown, it prints the monotonic clock in
-// nanoseconds and the number of providers started, and quits.
+// nanoseconds and the number of providers started, and ends.
 #include "shell/application.h"
 #include "shell/environment.h"
 #include "shell/providermanager.h"
 
+#include <QtCore/qcoreevent.h>
 #include <QtCore/qtimer.h>
 #include <QtWidgets/qmainwindow.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <ctime>
+#include <functional>
 #include <memory>
 
 namespace {
@@ -25,8 +28,28 @@ void reportShownAndQuit(qsizetype providers)
     std::printf("%lld %lld\n", static_cast<long long>(now.tv_sec) * 1000000000LL + now.tv_nsec,
                 static_cast<long long>(providers));
     std::fflush(stdout);
-    QCoreApplication::quit();
+    // At once: the report may come from inside the splash's wait, before the event loop runs,
+    // where a quit would be lost; shutting down is not measured.
+    std::_Exit(0);
 }
+
+class ShowWatcher : public QObject
+{
+public:
+    explicit ShowWatcher(std::function<void()> report) : m_report(std::move(report)) {}
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show && m_report) {
+            QTimer::singleShot(0, this, m_report);
+            m_report = nullptr;
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    std::function<void()> m_report;
+};
 
 } // namespace
 
@@ -44,9 +67,11 @@ int main(int argc, char **argv)
                                         QStringLiteral("TessalyStartup"));
     app.setIDEWindowTitle(QStringLiteral("Tessaly"));
     app.setLogoConfigPath(QString::fromUtf8(VELMORA_BRANDING_DIR "/aboutlayout.xml"));
-    // Queued before run() queues the command line, so it runs first on the loop's first pass.
-    QTimer::singleShot(0, &app, [&app] {
+    // The splash processes events while the providers start, so the report waits for the main
+    // window's show event and then for the next pass of events.
+    ShowWatcher watcher([&app] {
         reportShownAndQuit(app.environment()->providerManager()->getPrimaryProviders().size());
     });
+    app.environment()->mainWindow()->installEventFilter(&watcher);
     return app.run();
 }
