@@ -19,7 +19,8 @@ case "${1:-}" in
     *) echo "usage: $0 [--screenshot OUT.png]" >&2; exit 2 ;;
 esac
 
-ensure_packages "${VELMORA_BUILD_PACKAGES[@]}" qt6-translations-l10n
+# Qt's Chinese catalogues are installed beside the workbench; the splash is drawn in DejaVu.
+ensure_packages "${VELMORA_BUILD_PACKAGES[@]}" qt6-translations-l10n fonts-dejavu-core
 
 build=${BUILD_DIR:-build}
 cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
