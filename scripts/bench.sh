@@ -147,7 +147,7 @@ lines = []
 now = datetime.datetime.now().astimezone().strftime("%Y-%m-%d %H:%M %Z")
 lines += [f"Latest run: {now}, on {os.environ['BENCH_CORES']} cores of {os.environ['BENCH_CPU']}, "
           f"{os.environ['BENCH_MINUTES']} minutes for the whole script. Medians of "
-          "5 repetitions, CPU time (wall-clock time for the two-thread lock runs).", ""]
+          "5 repetitions, CPU time (wall-clock time for the two-thread lock runs and the start-ups).", ""]
 lines += ["### Targets", "", "| Target | Measured | Limit | |", "| --- | ---: | ---: | --- |"]
 lines += targets
 lines += ["", "### Tree through the model, per node", "",
