@@ -49,6 +49,7 @@
 #include "model/viewmodel.h"
 #include "types/dialogaddnew.h"
 #include "types/dialogaddnewproject.h"
+#include "types/filecheck.h"
 #include "types/itemnaming.h"
 #include "types/itempropertysheet.h"
 #include "types/itemtype.h"

@@ -9,7 +9,7 @@ source scripts/packages.sh
 ensure_packages "${VELMORA_BUILD_PACKAGES[@]}" python3
 
 build=build-bench
-benchmarks=(bench_viewmodel bench_files bench_locks)
+benchmarks=(bench_viewmodel bench_files bench_locks bench_startup)
 started=$(date +%s)
 
 cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVELMORA_BUILD_BENCHMARKS=ON \
@@ -47,7 +47,7 @@ results, readme = sys.argv[1], sys.argv[2]
 # "op/a/b/.../iterations:10/repeats:5" -> ("op", "a", "b", ...); one figure per benchmark:
 # the median of the repetitions, or the single run where there are none.
 figures = {}
-for name in ("bench_viewmodel", "bench_files", "bench_locks"):
+for name in ("bench_viewmodel", "bench_files", "bench_locks", "bench_startup"):
     with open(os.path.join(results, name + ".json")) as file:
         for run in json.load(file)["benchmarks"]:
             if run.get("run_type") == "aggregate" and run.get("aggregate_name") != "median":
@@ -108,6 +108,20 @@ target("load a 100k-item project, ours / DOM parse + walk",
        ratio(per_item("load", "project", "ours", 100000), per_item("load", "project", "anchor", 100000)), 1.3)
 target("save a 100k-item project, ours / DOM build + toByteArray(4)",
        ratio(per_item("save", "project", "ours", 100000), per_item("save", "project", "anchor", 100000)), 1.2)
+# A run's time in seconds: the CPU time, or the wall-clock time for the start-ups, which
+# happen in a process of their own.
+def run_seconds(*key, field="cpu_time"):
+    run = figures.get(tuple(str(part) for part in key))
+    if not run:
+        return None
+    scale = {"ns": 1e-9, "us": 1e-6, "ms": 1e-3, "s": 1}[run.get("time_unit", "ns")]
+    return run[field] * scale
+
+target("start-up to the main window shown, 20 providers, ours / bare QMainWindow shown",
+       ratio(run_seconds("startup", "ours", field="real_time"),
+             run_seconds("startup", "anchor", field="real_time")), 1.3)
+target("open a 100k-item project into the project view, ours / QStandardItemModel + QTreeView",
+       ratio(per_item("open", "project", "ours", 100000), per_item("open", "project", "anchor", 100000)), 1.5)
 raw_read = per_item("read_pair", "anchor")
 lock_names = {"deadlockfree": "DeadlockFreeLock", "writeholder": "WriteHolderLock",
               "model": "ViewModelReadLocker"}
@@ -133,7 +147,7 @@ lines = []
 now = datetime.datetime.now().astimezone().strftime("%Y-%m-%d %H:%M %Z")
 lines += [f"Latest run: {now}, on {os.environ['BENCH_CORES']} cores of {os.environ['BENCH_CPU']}, "
           f"{os.environ['BENCH_MINUTES']} minutes for the whole script. Medians of "
-          "5 repetitions, CPU time (wall-clock time for the two-thread lock runs).", ""]
+          "5 repetitions, CPU time (wall-clock time for the two-thread lock runs and the start-ups).", ""]
 lines += ["### Targets", "", "| Target | Measured | Limit | |", "| --- | ---: | ---: | --- |"]
 lines += targets
 lines += ["", "### Tree through the model, per node", "",
@@ -169,6 +183,15 @@ for op in ("save", "load"):
             continue
         lines.append(f"| {op} | {label} | {seconds(ours)} | {seconds(dom)} | {seconds(stream)} "
                      f"| {times(ratio(ours, dom))} | {times(ratio(ours, stream))} |")
+lines += ["", "### Start-up and opening", "",
+          "| Operation | Ours | Anchor | Ours / anchor |", "| --- | ---: | ---: | ---: |"]
+for label, ours, anchor in (
+        ("start-up to the main window shown, 20 providers (wall clock, own process)",
+         run_seconds("startup", "ours", field="real_time"),
+         run_seconds("startup", "anchor", field="real_time")),
+        ("open a 100k-item project and show it, whole", run_seconds("open", "project", "ours", 100000),
+         run_seconds("open", "project", "anchor", 100000))):
+    lines.append(f"| {label} | {seconds(ours)} | {seconds(anchor)} | {times(ratio(ours, anchor))} |")
 lines += ["", "### Locks, per lock and unlock pair", "",
           "| Operation | QReadWriteLock | recursive QReadWriteLock | DeadlockFreeLock | WriteHolderLock | model lockers |",
           "| --- | ---: | ---: | ---: | ---: | ---: |"]

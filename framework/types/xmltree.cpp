@@ -414,6 +414,33 @@ QString XmlReader::rootName()
                                                              : QStringLiteral("default");
 }
 
+QString XmlReader::errorString() const
+{
+    switch (m_failure) {
+    case Failure::None:
+        return QString();
+    case Failure::Malformed:
+        return m_reader.hasError() ? m_reader.errorString()
+                                   : QStringLiteral("the document is not well formed");
+    case Failure::TooLarge:
+        return QStringLiteral("the document is larger than %1 bytes").arg(maxXmlBytes);
+    case Failure::TooDeep:
+        return QStringLiteral("the document is nested deeper than %1 levels").arg(maxXmlDepth);
+    case Failure::TooManyAttributes:
+        return QStringLiteral("an element has more than %1 attributes").arg(maxXmlAttributes);
+    case Failure::TooMuchExpansion:
+        return QStringLiteral("entity references may expand to more than %1 characters")
+            .arg(maxDocumentExpansion);
+    case Failure::LargeDoctype:
+        return QStringLiteral("the document type is larger than %1 bytes").arg(maxDoctypeBytes);
+    case Failure::AttributeLists:
+        return QStringLiteral("the document type declares attribute lists");
+    case Failure::TooLong:
+        return QStringLiteral("a value is longer than %1 characters").arg(maxXmlValueLength);
+    }
+    return QString();
+}
+
 XmlWriter::XmlWriter(QLatin1String doctype)
 {
     m_bytes = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE " + QByteArray(doctype.data(), doctype.size()) + ">\n";

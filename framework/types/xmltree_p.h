@@ -76,6 +76,10 @@ public:
     QString attribute(QLatin1String name);
     // The item name a root carries: its "name" attribute, "default" when it has none.
     QString rootName();
+    // Where the reader stands, counted from 1, and what failed there; empty when nothing has.
+    qint64 lineNumber() const { return m_reader.lineNumber(); }
+    qint64 columnNumber() const { return m_reader.columnNumber(); }
+    QString errorString() const;
 
 private:
     enum class Failure { None, Malformed, TooLarge, TooDeep, TooManyAttributes,
