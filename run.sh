@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what the build needs, builds, installs the workbench into a folder of the build and
-# starts it on the example solution.
+# starts it on the example text project.
 #   ./run.sh                        start Tessaly (needs a display)
 #   ./run.sh --screenshot OUT.png   start it under Xvfb and save a screenshot of its window
 # BUILD_DIR picks the build folder (default: build). The workbench lands in
@@ -28,7 +28,8 @@ cmake --build "$build" -j"$(nproc)"
 suite=$PWD/$build/suite
 cmake --install "$build" --prefix "$suite/tessaly" >/dev/null
 tessaly=$suite/tessaly/bin/Tessaly
-solution=$suite/tidekit/examples/solution/example.sln-qel
+# The sample provider's text project; the example solution needs types no provider registers.
+solution=$suite/tidekit/examples/notes/Notes.qprj
 echo "Installed the workbench in $suite/tessaly"
 
 if [ -n "$shot" ]; then
