@@ -405,9 +405,6 @@ void tst_Environment::startStopAndSettings()
     QVERIFY(m_environment->path().isEmpty());
     // No solution was open, so none is remembered.
     QVERIFY(!QSettings().contains(u"IDE/LastSolutionPath"_s));
-
-    m_environment->setIDEWindowTitle(u"Title"_s);
-    QCOMPARE(m_environment->getIDEWindowTitle(), u"Title"_s);
 }
 
 void tst_Environment::refusedCloseKeepsTheWindow()

@@ -115,7 +115,6 @@ void tst_ItemType::menuEntries()
 {
     RecordingType *type = addType(u"node"_s);
     QCOMPARE(type->itemTypeAttributes().toInt(), 0x63);
-    QCOMPARE(type->property("defaultMenus").toUInt(), 0xFFFu);
     std::unique_ptr<ViewItem> item(make(u"n"_s));
     Entries out;
     QVERIFY(type->contextMenu(item.get(), {item.get()}, out));

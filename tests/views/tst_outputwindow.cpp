@@ -42,7 +42,6 @@ void tst_OutputWindow::startsHiddenWithCloseMenu()
     QVERIFY(tabs && !tabs->parent());
     QVERIFY(tabs->tabBar()->isHidden());
     QCOMPARE(tabs->tabPosition(), QTabWidget::South);
-    QVERIFY(qobject_cast<OutputTabBar *>(tabs->tabBar()));
 
     auto *menu = tabs->findChild<QMenu *>();
     QVERIFY(menu);
