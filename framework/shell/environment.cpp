@@ -274,8 +274,8 @@ void EnvironmentPrivate::setupRibbonBar()
                                Environment::tr("View help documentation"),
                                ":/qelshared/images/24/help.svg", QStringLiteral("F1"));
     QObject::connect(help, &QAction::triggered, q, [this] {
-        if (assistant)
-            assistant->showAssistant();
+        if (Assistant *help = q->assistant())
+            help->showAssistant();
     });
     QMenu *helpMenu = makeMenu(E::HelpMenu, E::HelpAction);
     QAction *document = makeAction(E::DocumentAction, Environment::tr("document"),
@@ -502,8 +502,6 @@ Environment::Environment()
     d->fileCompanion = new TypeCompanionFile(this);
     d->genericCompanion = new TypeCompanionGeneric(this);
     d->mainWindow = new IDEWindow;
-    d->assistant = new Assistant(QCoreApplication::applicationDirPath()
-                                 + QStringLiteral("/help/velmora.qhc"));
 
     QStatusBar *status = d->mainWindow->statusBar();
     status->setStyleSheet(styleSheet(QStringLiteral(":/qelshared/styles/statudBar.css")));
@@ -770,7 +768,16 @@ ProjectView *Environment::projectView() const { return d->projectView; }
 PropertyWindow *Environment::propertyWindow() const { return d->propertyWindow; }
 LogoInfo *Environment::logoInfo() const { return d->logoInfo; }
 AppBox *Environment::appBox() const { return d->appBox; }
-Assistant *Environment::assistant() const { return d->assistant; }
+Assistant *Environment::assistant() const
+{
+    // Made when help is first asked for: opening the help collection is the slowest part
+    // of a start, and a missing one is worth a message only to someone who wants help.
+    if (!d->assistant) {
+        d->assistant = new Assistant(QCoreApplication::applicationDirPath()
+                                     + QStringLiteral("/help/velmora.qhc"));
+    }
+    return d->assistant;
+}
 TypeRegistrar *Environment::typeRegistrar() const { return d->typeRegistrar; }
 DataRegistrar *Environment::dataRegistrar() const { return d->dataRegistrar; }
 ServiceRegistrar *Environment::serviceRegistrar() const { return d->serviceRegistrar; }

@@ -127,8 +127,6 @@ void tst_TextProvider::init()
     QVERIFY(QFile::copy(library, plugins + u'/' + QFileInfo(library).fileName()));
 
     m_notices = std::make_unique<Velmora::Tests::OffscreenWindowNotices>();
-    QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression(u"^Assistant: the help collection .* is missing$"_s));
     m_environment = std::make_unique<Environment>();
     // Started, so that the library reaches it as the running one; its own plug-in folder
     // beside the test does not exist.

@@ -58,8 +58,6 @@ void tst_Application::runsAndStops()
     char *argv[] = {program.data(), argument.data(), nullptr};
     int argc = 2;
     Velmora::Tests::OffscreenWindowNotices notices;
-    QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression(u"^Assistant: the help collection .* is missing$"_s));
     Application app(argc, argv, QString(), QString(), QString());
     app.setLogoConfigPath(dir.filePath(u"about.xml"_s));
     app.setVersionString(u"1.2"_s);

@@ -301,8 +301,6 @@ void tst_Providers::tidyStopIsSurvived()
     QSettings::setDefaultFormat(QSettings::IniFormat);
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
     const Velmora::Tests::OffscreenWindowNotices notices;
-    QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression(u"^Assistant: the help collection .* is missing$"_s));
     Environment environment;
     QVERIFY(!place(u"Tidy"_s).isEmpty());
     ProviderManager *manager = environment.providerManager();

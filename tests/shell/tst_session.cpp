@@ -115,11 +115,6 @@ void tst_Session::runWorkbench(const QString &argument, void (tst_Session::*sess
     int argc = argument.isEmpty() ? 1 : 2;
 
     Velmora::Tests::OffscreenWindowNotices notices;
-    // The help collection lies beside the workbench once the help pages are compiled.
-    if (!QFileInfo::exists(QStringLiteral(VELMORA_WORKBENCH_DIR "/help/velmora.qhc"))) {
-        QTest::ignoreMessage(QtWarningMsg,
-                             QRegularExpression(u"^Assistant: the help collection .* is missing$"_s));
-    }
     Application app(argc, argv, QString(), QString(), QString());
     m_environment = app.environment();
     QTimer::singleShot(0, &app, [&] {
