@@ -1,11 +1,11 @@
 #include "appmanifest_p.h"
 
+#include "core/savefile_p.h"
 #include "dialogs/contentfile_p.h"
 
 #include <QtCore/qdir.h>
 #include <QtCore/qfile.h>
 #include <QtCore/qfileinfo.h>
-#include <QtCore/qsavefile.h>
 #include <QtCore/qsettings.h>
 #include <QtCore/qxmlstream.h>
 
@@ -147,21 +147,9 @@ bool writeAppList(const QString &path, const QList<AppEntry> &apps, QString *rea
     xml.writeEndElement();
     xml.writeEndDocument();
 
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        *reason = file.errorString();
-        return false;
-    }
-    if (file.write(bytes) != bytes.size() || !file.flush()) {
-        *reason = file.errorString();
-        file.cancelWriting();
-        return false;
-    }
-    if (!file.commit()) {
-        *reason = file.errorString();
-        return false;
-    }
-    return true;
+    return saveFile(
+        path, [&bytes](QIODevice *device) { return device->write(bytes) == bytes.size(); },
+        reason);
 }
 
 } // namespace Velmora::Framework::Internal
