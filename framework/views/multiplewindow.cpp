@@ -309,8 +309,7 @@ QWidget *MultipleWindow::editItem(ViewItem *item, const QString &factoryId,
     }
     const int index = addView(editor, item->getIcon(0), item->getDispName());
     d->views[index].item = item;
-    d->tabs->setTabText(d->tabs->indexOf(editor), d->titleOf(d->views.at(index)));
-    d->tabs->setTabToolTip(d->tabs->indexOf(editor), item->getItemPath());
+    updateItem(item);
     connect(editor, &QWidget::windowTitleChanged, this, [this, item] { updateItem(item); });
     d->currentTabChanged();
     return editor;
