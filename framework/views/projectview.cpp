@@ -25,7 +25,6 @@ public:
     {
     }
 
-    ViewModel *viewModel() const { return model.data(); }
     ViewItem *nodeAt(const QModelIndex &index) const
     {
         if (!model || !index.isValid() || index.model() != model)
