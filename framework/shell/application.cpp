@@ -79,10 +79,9 @@ int Application::run()
 {
     setOrganizationDomain(orDefault(organizationDomain(), defaultOrganization()));
     setOrganizationName(orDefault(organizationName(), defaultOrganization()));
-    // Qt answers the executable's name for a name nobody gave.
+    // Qt answers the executable's name for a name nobody gave, so it is never empty here.
     if (applicationName() == d->fallbackName)
         setApplicationName(defaultApplicationName());
-    setApplicationName(orDefault(applicationName(), defaultApplicationName()));
     addLibraryPath(applicationDirPath());
 
     Environment *environment = d->environment.get();
