@@ -46,12 +46,10 @@
 #include "views/projectviewmodel.h"
 #include "views/propertywindow.h"
 
-#include <QtCore/qdir.h>
 #include <QtCore/qfile.h>
 #include <QtCore/qfileinfo.h>
 #include <QtCore/qpointer.h>
 #include <QtCore/qsettings.h>
-#include <QtCore/qtimer.h>
 #include <QtGui/qaction.h>
 #include <QtGui/qscreen.h>
 #include <QtWidgets/qapplication.h>
