@@ -144,6 +144,9 @@ public:
     QStackedLayout *modes = nullptr;
     CrumbStrip *crumbs = nullptr;
     QLineEdit *edit = nullptr;
+    QFrame *field = nullptr;
+    // The folder drop-down, made when first asked for: its file-system model starts a
+    // gatherer thread and reads icons, which a start of the workbench does not need.
     QFrame *popup = nullptr;
     QTreeView *tree = nullptr;
     QFileSystemModel *model = nullptr;
@@ -172,7 +175,8 @@ public:
         path = folder;
         crumbs->setPath(folder);
         edit->setText(QDir::toNativeSeparators(folder));
-        tree->setRootIndex(model->setRootPath(folder));
+        if (model)
+            tree->setRootIndex(model->setRootPath(folder));
         backButton->setEnabled(!backward.isEmpty());
         forwardButton->setEnabled(!forward.isEmpty());
         upButton->setEnabled(!QDir(folder).isRoot());
@@ -197,6 +201,8 @@ public:
 
     void updateFilter()
     {
+        if (!model)
+            return;
         QStringList patterns;
         for (const QString &suffix : std::as_const(suffixes))
             patterns.append(QStringLiteral("*.") + suffix);
@@ -215,6 +221,33 @@ public:
             edit->selectAll();
             edit->setFocus(Qt::MouseFocusReason);
         }
+    }
+
+    void ensurePopup()
+    {
+        if (popup)
+            return;
+        popup = new QFrame(q, Qt::Popup);
+        popup->setFrameShape(QFrame::StyledPanel);
+        auto *popupLayout = new QVBoxLayout(popup);
+        popupLayout->setContentsMargins(1, 1, 1, 1);
+        tree = new QTreeView(popup);
+        model = new QFileSystemModel(q);
+        // Hide what the name filters reject instead of greying it out.
+        model->setNameFilterDisables(false);
+        // The style's folder and file icons where no icon theme is installed. The model does
+        // not own its provider and its gatherer thread may use it until the model is gone.
+        static QFileIconProvider icons;
+        model->setIconProvider(&icons);
+        updateFilter();
+        tree->setModel(model);
+        tree->setHeaderHidden(true);
+        for (int column = 1; column < model->columnCount(); ++column)
+            tree->hideColumn(column);
+        popupLayout->addWidget(tree);
+        QObject::connect(tree, &QTreeView::activated, q,
+                         [this](const QModelIndex &index) { activate(index); });
+        tree->setRootIndex(model->setRootPath(path));
     }
 
     void activate(const QModelIndex &index)
@@ -255,7 +288,7 @@ AddressBar::AddressBar(QWidget *parent)
     layout->addWidget(d->upButton);
 
     // The field: breadcrumb or line edit, and the drop-down button, in one box.
-    auto *field = new QFrame(this);
+    auto *field = d->field = new QFrame(this);
     field->setFrameShape(QFrame::StyledPanel);
     field->setBackgroundRole(QPalette::Base);
     field->setAutoFillBackground(true);
@@ -287,28 +320,10 @@ AddressBar::AddressBar(QWidget *parent)
             d->edit->selectAll();
     });
 
-    d->popup = new QFrame(this, Qt::Popup);
-    d->popup->setFrameShape(QFrame::StyledPanel);
-    auto *popupLayout = new QVBoxLayout(d->popup);
-    popupLayout->setContentsMargins(1, 1, 1, 1);
-    d->tree = new QTreeView(d->popup);
-    d->model = new QFileSystemModel(this);
-    // Hide what the name filters reject instead of greying it out.
-    d->model->setNameFilterDisables(false);
-    // The style's folder and file icons where no icon theme is installed. The model does not
-    // own its provider and its gatherer thread may use it until the model is gone.
-    static QFileIconProvider icons;
-    d->model->setIconProvider(&icons);
-    d->updateFilter();
-    d->tree->setModel(d->model);
-    d->tree->setHeaderHidden(true);
-    for (int column = 1; column < d->model->columnCount(); ++column)
-        d->tree->hideColumn(column);
-    popupLayout->addWidget(d->tree);
-    connect(d->tree, &QTreeView::activated, this, [this](const QModelIndex &index) { d->activate(index); });
-    connect(drop, &QToolButton::clicked, this, [this, field] {
-        d->popup->resize(field->width(), 320);
-        d->popup->move(field->mapToGlobal(QPoint(0, field->height())));
+    connect(drop, &QToolButton::clicked, this, [this] {
+        d->ensurePopup();
+        d->popup->resize(d->field->width(), 320);
+        d->popup->move(d->field->mapToGlobal(QPoint(0, d->field->height())));
         d->popup->show();
         d->tree->setFocus();
     });
@@ -374,6 +389,7 @@ QStringList AddressBar::suffixes() const
 
 QTreeView *AddressBar::treeView() const
 {
+    d->ensurePopup();
     return d->tree;
 }
 

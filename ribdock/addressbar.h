@@ -32,7 +32,7 @@ public:
     void addSuffix(const QString &suffix);
     QStringList suffixes() const;
 
-    // The drop-down tree, owned by the bar.
+    // The drop-down tree, owned by the bar; made on first use.
     QTreeView *treeView() const;
 
     // Back and forward remember at most historyLimit() folders each.
