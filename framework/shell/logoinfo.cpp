@@ -90,10 +90,13 @@ public:
     // The child elements of the layout's root with the given tag, in document order.
     QList<QDomElement> elements(const QString &tag) const;
     QString resolve(const QString &path) const;
+    const QPixmap &secondImage();
 
     QPointer<QDialog> aboutBox;
     QPixmap splashImage;
-    QPixmap secondImage;
+    // Decoded when the about box first needs it, not while the workbench starts.
+    QPixmap second;
+    QString secondPath;
     QDomDocument layout;
     bool border = false;
     QString version = QStringLiteral("0.0.0");
@@ -116,6 +119,15 @@ QString LogoInfoPrivate::resolve(const QString &path) const
     return path.isEmpty() ? path : layoutFolder.absoluteFilePath(path);
 }
 
+const QPixmap &LogoInfoPrivate::secondImage()
+{
+    if (!secondPath.isEmpty()) {
+        second.load(secondPath);
+        secondPath.clear();
+    }
+    return second;
+}
+
 LogoInfo::LogoInfo(QObject *parent)
     : QObject(parent), d(std::make_unique<LogoInfoPrivate>())
 {
@@ -135,7 +147,7 @@ QPixmap LogoInfo::getSplashImage() const
 
 QPixmap LogoInfo::getSecondImage() const
 {
-    return d->secondImage;
+    return d->secondImage();
 }
 
 bool LogoInfo::hasBorder() const
@@ -198,9 +210,8 @@ void LogoInfo::setLogoConfigPath(const QString &path)
     const QString image = root.attribute(QStringLiteral("image"));
     if (!image.isEmpty())
         d->splashImage.load(d->resolve(image));
-    const QString second = root.attribute(QStringLiteral("splash"));
-    if (!second.isEmpty())
-        d->secondImage.load(d->resolve(second));
+    d->second = QPixmap();
+    d->secondPath = d->resolve(root.attribute(QStringLiteral("splash")));
     d->border = root.attribute(QStringLiteral("border"), QStringLiteral("off"))
         != QLatin1String("off");
 }
@@ -229,10 +240,11 @@ void LogoInfo::showAboutBox()
         dialog->setWindowTitle(tr("About"));
         if (!d->border)
             dialog->setWindowFlag(Qt::FramelessWindowHint);
-        if (!d->secondImage.isNull()) {
-            dialog->setFixedSize(d->secondImage.size());
+        const QPixmap &background = d->secondImage();
+        if (!background.isNull()) {
+            dialog->setFixedSize(background.size());
             QPalette palette = dialog->palette();
-            palette.setBrush(QPalette::Window, d->secondImage);
+            palette.setBrush(QPalette::Window, background);
             dialog->setPalette(palette);
             dialog->setAutoFillBackground(true);
         }
