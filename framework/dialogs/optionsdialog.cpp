@@ -25,11 +25,17 @@ class OptionsDialogPrivate
 public:
     QTreeWidgetItem *topItemFor(const OptionTopItem &topItem);
     OptionPage *pageOf(const QTreeWidgetItem *item) const { return pageByItem.value(item); }
+    OptionPage *chosenPage() const;
+    void showChosenPage();
 
     QPointer<QSettings> settings;
     QTreeWidget *tree = nullptr;
     QLabel *pageTitle = nullptr;
     QStackedWidget *stack = nullptr;
+    // The stack's first widget, current while no page is chosen. With it, pages added to a
+    // hidden dialog stay hidden: showing a page polishes and lays it out, which waits until
+    // the dialog is shown.
+    QWidget *noPage = nullptr;
     QPushButton *applyButton = nullptr;
     QHash<const OptionPage *, QTreeWidgetItem *> itemByPage;
     QHash<const QTreeWidgetItem *, OptionPage *> pageByItem;
@@ -47,6 +53,21 @@ QTreeWidgetItem *OptionsDialogPrivate::topItemFor(const OptionTopItem &topItem)
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
     item->setExpanded(true);
     return item;
+}
+
+OptionPage *OptionsDialogPrivate::chosenPage() const
+{
+    QTreeWidgetItem *item = tree->currentItem();
+    // A top item shows its first page.
+    if (item && !pageOf(item) && item->childCount() > 0)
+        item = item->child(0);
+    return item ? pageOf(item) : nullptr;
+}
+
+void OptionsDialogPrivate::showChosenPage()
+{
+    OptionPage *page = chosenPage();
+    stack->setCurrentWidget(page ? static_cast<QWidget *>(page) : noPage);
 }
 
 OptionsDialog::OptionsDialog(QWidget *parent)
@@ -70,6 +91,8 @@ OptionsDialog::OptionsDialog(QWidget *parent)
     rule->setFrameShape(QFrame::HLine);
     rule->setFrameShadow(QFrame::Sunken);
     d->stack = new QStackedWidget;
+    d->noPage = new QWidget;
+    d->stack->addWidget(d->noPage);
 
     auto *right = new QWidget;
     auto *rightLayout = new QVBoxLayout(right);
@@ -98,14 +121,11 @@ OptionsDialog::OptionsDialog(QWidget *parent)
     layout->addWidget(buttons);
     resize(760, 520);
 
-    connect(d->tree, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem *item) {
-        // A top item shows its first page.
-        if (item && !d->pageOf(item) && item->childCount() > 0)
-            item = item->child(0);
-        OptionPage *page = item ? d->pageOf(item) : nullptr;
-        if (page)
-            d->stack->setCurrentWidget(page);
+    connect(d->tree, &QTreeWidget::currentItemChanged, this, [this] {
+        OptionPage *page = d->chosenPage();
         d->pageTitle->setText(page ? page->title() : QString());
+        if (isVisible())
+            d->showChosenPage();
     });
 }
 
@@ -205,7 +225,7 @@ QList<OptionPage *> OptionsDialog::pages() const
 
 OptionPage *OptionsDialog::currentPage() const
 {
-    return qobject_cast<OptionPage *>(d->stack->currentWidget());
+    return d->chosenPage();
 }
 
 void OptionsDialog::setCurrentPage(OptionPage *page)
@@ -244,6 +264,13 @@ void OptionsDialog::accept()
 {
     if (apply())
         QDialog::accept();
+}
+
+void OptionsDialog::setVisible(bool visible)
+{
+    if (visible)
+        d->showChosenPage();
+    QDialog::setVisible(visible);
 }
 
 void OptionsDialog::showEvent(QShowEvent *event)

@@ -49,6 +49,7 @@ public Q_SLOTS:
     // Saves every page; false when a page refused or the settings could not be written.
     bool apply();
     void accept() override;
+    void setVisible(bool visible) override;
 
 protected:
     void showEvent(QShowEvent *event) override;
