@@ -30,6 +30,7 @@
 #include "core/ipreviewerfactory.h"
 #include "core/iundosource.h"
 #include "core/launchableregistrar.h"
+#include "core/lazyicon.h"
 #include "core/orderedif.h"
 #include "core/prompts.h"
 #include "core/scriptedprompts.h"

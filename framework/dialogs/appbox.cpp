@@ -1,5 +1,6 @@
 #include "appbox.h"
 
+#include "core/lazyicon.h"
 #include "core/logging_p.h"
 #include "core/prompts.h"
 #include "dialogs/appinstalldialog.h"
@@ -101,8 +102,8 @@ void AppBox::rebuildButtons()
         button->setAutoRaise(true);
         button->setIconSize(QSize(32, 32));
         const QString icon = app.iconPath();
-        button->setIcon(QIcon(icon.isEmpty() ? QStringLiteral(":/framework/dialogs/images/app.svg")
-                                             : icon));
+        button->setIcon(lazyIcon(icon.isEmpty() ? QStringLiteral(":/framework/dialogs/images/app.svg")
+                                                : icon));
         button->setText(app.name);
         button->setToolTip(app.description.isEmpty() ? app.name : app.description);
         connect(button, &QToolButton::clicked, this, [this, shownIndex] { startApp(shownIndex); });

@@ -1,5 +1,6 @@
 #include "optionpagegeneral.h"
 
+#include "core/lazyicon.h"
 #include "core/logging_p.h"
 #include "dialogs/quickstartwindow.h"
 #include "dialogs/settingsvalue_p.h"
@@ -79,7 +80,7 @@ OptionPageGeneral::~OptionPageGeneral() = default;
 OptionTopItem OptionPageGeneral::topItem()
 {
     return OptionTopItem(tr("Environment"),
-                         QIcon(QStringLiteral(":/framework/dialogs/images/environment.svg")));
+                         lazyIcon(QStringLiteral(":/framework/dialogs/images/environment.svg")));
 }
 
 QString OptionPageGeneral::languageSettingPath()

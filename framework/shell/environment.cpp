@@ -6,6 +6,7 @@
 #include "core/hubinterfaces.h"
 #include "core/iundosource.h"
 #include "core/launchableregistrar.h"
+#include "core/lazyicon.h"
 #include "core/logging_p.h"
 #include "core/prompts.h"
 #include "core/serviceregistrar.h"
@@ -55,7 +56,6 @@
 #include <QtWidgets/qapplication.h>
 #include <QtWidgets/qmenu.h>
 #include <QtWidgets/qstatusbar.h>
-#include <QtWidgets/qstyle.h>
 
 #include <array>
 
@@ -73,7 +73,7 @@ QString styleSheet(const QString &resource)
 
 QIcon icon(const char *resource)
 {
-    return resource ? QIcon(QString::fromLatin1(resource)) : QIcon();
+    return resource ? lazyIcon(QString::fromLatin1(resource)) : QIcon();
 }
 
 } // namespace
@@ -337,11 +337,11 @@ void EnvironmentPrivate::setupRibbonBar()
 
     // Undo and redo sit with the ribbon's own buttons, as in every ribbon.
     undoAction = makeAction(E::UndoAction, Environment::tr("Undo"), Environment::tr("Undo"),
-                            Environment::tr("Undo"), nullptr, QStringLiteral("Ctrl+Z"));
-    undoAction->setIcon(QApplication::style()->standardIcon(QStyle::SP_ArrowBack));
+                            Environment::tr("Undo"), ":/qelshared/images/16/undo.svg",
+                            QStringLiteral("Ctrl+Z"));
     redoAction = makeAction(E::RedoAction, Environment::tr("Redo"), Environment::tr("Redo"),
-                            Environment::tr("Redo"), nullptr, QStringLiteral("Ctrl+Y"));
-    redoAction->setIcon(QApplication::style()->standardIcon(QStyle::SP_ArrowForward));
+                            Environment::tr("Redo"), ":/qelshared/images/16/redo.svg",
+                            QStringLiteral("Ctrl+Y"));
     QObject::connect(undoAction.data(), &QAction::triggered, q, &Environment::undo);
     QObject::connect(redoAction.data(), &QAction::triggered, q, &Environment::redo);
     Ribdock::RibbonCorner *corner = ribbon->cornerWidget();
@@ -395,7 +395,7 @@ void EnvironmentPrivate::setupDockContainer()
     outputWindow = new OutputWindow(q);
     outputWindow->setObjectName(QStringLiteral("MessageLog"));
     dock->addView(IDockContainer::Bottom, outputWindow->tabWidget(), Environment::tr("Output"),
-                  QIcon(QStringLiteral(":/framework/images/output_tab.png")));
+                  icon(":/framework/images/output_tab.png"));
     outputWindow->setWidget(outputWindow->tabWidget());
     optionsDialog = new OptionsDialog(ideWindow());
     optionsDialog->registerOptionPage(OptionPageGeneral::topItem(), generalOptionPage);

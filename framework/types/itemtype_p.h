@@ -4,6 +4,7 @@
 // menus), itemtypefactories.cpp (editor and previewer tables) and itemtypeoperations.cpp
 // (the item operations and their augmentation protocol).
 
+#include "core/lazyicon.h"
 #include "types/itemtype.h"
 
 #include <QtCore/qmap.h>
@@ -78,7 +79,7 @@ inline QAction *describeAction(QAction *action, const QString &icon, const QStri
                                const QString &statusTip)
 {
     if (!icon.isEmpty())
-        action->setIcon(QIcon(icon));
+        action->setIcon(lazyIcon(icon));
     action->setToolTip(toolTip);
     action->setStatusTip(statusTip);
     return action;

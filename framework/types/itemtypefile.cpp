@@ -1,6 +1,7 @@
 #include "types/itemtypefile.h"
 
 #include "core/iaugmentablefile.h"
+#include "core/lazyicon.h"
 #include "core/prompts.h"
 #include "core/savefile_p.h"
 #include "core/typeregistrar.h"
@@ -122,7 +123,7 @@ ItemTypeFile::ItemTypeFile(QObject *parent)
     : ItemTypeSerializable(parent)
     , d(std::make_unique<ItemTypeFilePrivate>(this))
 {
-    setIcon(QIcon(QStringLiteral(":/qelshared/images/16/script.svg")));
+    setIcon(lazyIcon(QStringLiteral(":/qelshared/images/16/script.svg")));
     setDefMenus(DefMenus::fromInt(0xAC));
     connect(d->fileHandler.mapper(), &QSignalMapper::mappedString, this,
             [this](const QString &command) { dispatch(command); });

@@ -1,18 +1,20 @@
 #include "types/itemtypefolder.h"
 
+#include "core/lazyicon.h"
+
 namespace Velmora::Framework {
 
 class ItemTypeFolderPrivate
 {
 public:
-    QIcon openIcon{QStringLiteral(":/qelshared/images/16/folderOpend.svg")};
+    QIcon openIcon = lazyIcon(QStringLiteral(":/qelshared/images/16/folderOpend.svg"));
 };
 
 ItemTypeFolder::ItemTypeFolder(QObject *parent)
     : ItemType(parent)
     , d(std::make_unique<ItemTypeFolderPrivate>())
 {
-    setIcon(QIcon(QStringLiteral(":/qelshared/images/16/folder.svg")));
+    setIcon(lazyIcon(QStringLiteral(":/qelshared/images/16/folder.svg")));
 }
 
 ItemTypeFolder::~ItemTypeFolder() = default;

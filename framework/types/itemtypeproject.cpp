@@ -1,5 +1,6 @@
 #include "types/itemtypeproject.h"
 
+#include "core/lazyicon.h"
 #include "core/typeregistrar.h"
 #include "model/itemdata.h"
 #include "model/viewitem.h"
@@ -76,7 +77,7 @@ ViewItem *existingMandatoryChild(ViewItem *parent, const QString &typeId, const 
 ItemTypeProject::ItemTypeProject(QObject *parent)
     : ItemTypeFile(parent)
 {
-    setIcon(QIcon(QStringLiteral(":/qelshared/images/16/project.svg")));
+    setIcon(lazyIcon(QStringLiteral(":/qelshared/images/16/project.svg")));
     setDefMenus(DefMenus::fromInt(0xF3));
     setFileMenus(FileMenus::fromInt(6));
 }

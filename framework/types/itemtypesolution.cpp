@@ -2,6 +2,7 @@
 
 #include "core/applicationhooks.h"
 #include "core/hubinterfaces.h"
+#include "core/lazyicon.h"
 #include "core/logging_p.h"
 #include "core/typeregistrar.h"
 #include "model/itemdata.h"
@@ -53,7 +54,7 @@ ItemTypeSolution::ItemTypeSolution(QObject *parent)
     : ItemTypeFile(parent)
     , d(std::make_unique<ItemTypeSolutionPrivate>())
 {
-    setIcon(QIcon(QStringLiteral(":/qelshared/images/16/solution.svg")));
+    setIcon(lazyIcon(QStringLiteral(":/qelshared/images/16/solution.svg")));
     setDefMenus(DefMenus());
     setFileMenus(FileMenus());
 
@@ -61,7 +62,7 @@ ItemTypeSolution::ItemTypeSolution(QObject *parent)
     const auto addCommand = [&](int order, const QString &text, const QString &icon,
                                 const QString &toolTip, const QString &statusTip,
                                 const QString &command) {
-        auto *action = new QAction(QIcon(icon), text, this);
+        auto *action = new QAction(lazyIcon(icon), text, this);
         action->setToolTip(toolTip);
         action->setStatusTip(statusTip);
         handler->hookupHandler(action, command);

@@ -1,5 +1,6 @@
 #include "views/multiplewindow.h"
 
+#include "core/lazyicon.h"
 #include "model/viewitem.h"
 #include "types/itemtype.h"
 #include "views/projectfrontpage.h"
@@ -263,7 +264,7 @@ void MultipleWindow::setFrontPageVisible(bool visible)
         return;
     d->frontPageVisible = visible;
     if (visible) {
-        d->tabs->insertTab(0, d->frontPage, QIcon(QStringLiteral(":/qelshared/images/16/solution.svg")),
+        d->tabs->insertTab(0, d->frontPage, lazyIcon(QStringLiteral(":/qelshared/images/16/solution.svg")),
                            tr("Start Page"));
         d->tabs->setCurrentIndex(0);
     } else {

@@ -1,5 +1,6 @@
 #include "views/projectfrontpage.h"
 
+#include "core/lazyicon.h"
 #include "core/logging_p.h"
 
 #include <QtCore/qcoreapplication.h>
@@ -48,11 +49,11 @@ ProjectFrontPage::ProjectFrontPage(QWidget *parent)
 
     auto *newProject = new QCommandLinkButton(tr("New Project"),
                                               tr("Create a project in the current solution"), this);
-    newProject->setIcon(QIcon(QStringLiteral(":/qelshared/images/16/newProject.svg")));
+    newProject->setIcon(lazyIcon(QStringLiteral(":/qelshared/images/16/newProject.svg")));
     auto *openProject = new QCommandLinkButton(tr("Open Project"),
                                                tr("Add an existing project file to the solution"),
                                                this);
-    openProject->setIcon(QIcon(QStringLiteral(":/qelshared/images/16/openProject.svg")));
+    openProject->setIcon(lazyIcon(QStringLiteral(":/qelshared/images/16/openProject.svg")));
     // Command links take any height offered; the column's stretch should take it instead.
     for (QCommandLinkButton *button : {newProject, openProject})
         button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
