@@ -93,6 +93,11 @@ void startup_anchor(benchmark::State &state)
     startup(state, "anchor", 0);
 }
 
+void startup_text(benchmark::State &state)
+{
+    startup(state, "text", 0);
+}
+
 class FolderType : public ItemTypeFolder
 {
     Q_OBJECT
@@ -283,6 +288,8 @@ void open_anchor(benchmark::State &state)
 BENCHMARK(startup_ours)->Name("startup/ours")->Unit(benchmark::kMillisecond)->UseManualTime()
     ->Repetitions(repetitions)->ReportAggregatesOnly(true)->Iterations(5);
 BENCHMARK(startup_anchor)->Name("startup/anchor")->Unit(benchmark::kMillisecond)->UseManualTime()
+    ->Repetitions(repetitions)->ReportAggregatesOnly(true)->Iterations(5);
+BENCHMARK(startup_text)->Name("startup/text")->Unit(benchmark::kMillisecond)->UseManualTime()
     ->Repetitions(repetitions)->ReportAggregatesOnly(true)->Iterations(5);
 BENCHMARK(open_ours)->Name("open/project/ours/100000")->Unit(benchmark::kMillisecond)
     ->Repetitions(repetitions)->ReportAggregatesOnly(true)->Iterations(2);

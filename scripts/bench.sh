@@ -192,6 +192,11 @@ for label, ours, anchor in (
         ("open a 100k-item project and show it, whole", run_seconds("open", "project", "ours", 100000),
          run_seconds("open", "project", "anchor", 100000))):
     lines.append(f"| {label} | {seconds(ours)} | {seconds(anchor)} | {times(ratio(ours, anchor))} |")
+text_start = run_seconds("startup", "text", field="real_time")
+if text_start is not None:
+    lines += ["", f"The bare window with one `QLabel` in it starts in {seconds(text_start)}, "
+              f"{times(ratio(text_start, run_seconds('startup', 'anchor', field='real_time')))} the bare "
+              "window: its first text initialises the font database, which every window with text pays."]
 lines += ["", "### Locks, per lock and unlock pair", "",
           "| Operation | QReadWriteLock | recursive QReadWriteLock | DeadlockFreeLock | WriteHolderLock | model lockers |",
           "| --- | ---: | ---: | ---: | ---: | ---: |"]
