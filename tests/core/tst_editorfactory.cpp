@@ -65,8 +65,19 @@ class tst_EditorFactory : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init()
+    {
+        Velmora::Tests::failOnUnexpectedWarnings();
+        m_factory = std::make_unique<TestFactory>();
+    }
+    void cleanup()
+    {
+        // The factory deletes no editor on its own. Dropping it first also proves that its
+        // surviving editors no longer call back into it.
+        const QList<QPointer<QWidget>> built = m_factory->built;
+        m_factory.reset();
+        qDeleteAll(built);
+    }
     void reusesTrackedEditor();
     void untrackedWidgetsAreRebuilt();
     void editorIsForgottenWhenDisposedOrDeleted();
@@ -74,21 +85,6 @@ private slots:
 private:
     std::unique_ptr<TestFactory> m_factory;
 };
-
-void tst_EditorFactory::init()
-{
-    Velmora::Tests::failOnUnexpectedWarnings();
-    m_factory = std::make_unique<TestFactory>();
-}
-
-void tst_EditorFactory::cleanup()
-{
-    // The factory deletes no editor on its own. Dropping it first also proves that its
-    // surviving editors no longer call back into it.
-    const QList<QPointer<QWidget>> built = m_factory->built;
-    m_factory.reset();
-    qDeleteAll(built);
-}
 
 void tst_EditorFactory::reusesTrackedEditor()
 {

@@ -66,8 +66,12 @@ class tst_ItemType : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init()
+    {
+        Velmora::Tests::failOnUnexpectedWarnings();
+        m_registrar = std::make_unique<TypeRegistrar>(nullptr);
+    }
+    void cleanup() { m_registrar->deallocateAll(); }
     void menuEntries();
     void childPermission();
     void mandatoryChildren();
@@ -91,17 +95,6 @@ private:
 
     std::unique_ptr<TypeRegistrar> m_registrar;
 };
-
-void tst_ItemType::init()
-{
-    Velmora::Tests::failOnUnexpectedWarnings();
-    m_registrar = std::make_unique<TypeRegistrar>(nullptr);
-}
-
-void tst_ItemType::cleanup()
-{
-    m_registrar->deallocateAll();
-}
 
 RecordingType *tst_ItemType::addType(const QString &id, const QString &description,
                                 const QString &scope)
