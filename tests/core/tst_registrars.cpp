@@ -64,7 +64,6 @@ private slots:
     void serviceLastRegistrationWins();
     void dataFirstRegistrationWins();
     void augmentablesInOrderUntilUnregistered();
-    void augmentableMustImplementTheIdentifier();
     void launchableDispatch_data();
     void launchableDispatch();
     void launchableRegistration();
@@ -144,6 +143,14 @@ void tst_Registrars::augmentablesInOrderUntilUnregistered()
 {
     AugmentableRegistrar registrar;
     DefaultGenericAugmentable a, b, c;
+    DefaultFileAugmentable file;
+    QVERIFY(!registrar.registerInterface(QString(), &file, 0));
+    QVERIFY(!registrar.registerInterface(genericId, nullptr, 0));
+    QTest::ignoreMessage(QtWarningMsg, "ActionHandler::registerInterface() - Interface type mismatch!");
+    QVERIFY(!registrar.registerInterface(genericId, &file, 0));
+    // Any name the query answers will do, and the interface passed in is the one stored.
+    QVERIFY(registrar.registerInterface(QStringLiteral("IAugmentableFile"), &file, 0));
+    QCOMPARE(registrar.getIfList(QStringLiteral("IAugmentableFile")), QList<IBase *>{&file});
 
     QVERIFY(registrar.registerInterface(genericId, &a, 10));
     QVERIFY(registrar.registerInterface(genericId, &b, 0));
@@ -164,22 +171,6 @@ void tst_Registrars::augmentablesInOrderUntilUnregistered()
     QVERIFY(!registrar.unregisterInterface(genericId, &b));
     registrar.deallocateAll();
     QVERIFY(registrar.getIfList(genericId).isEmpty());
-}
-
-void tst_Registrars::augmentableMustImplementTheIdentifier()
-{
-    AugmentableRegistrar registrar;
-    DefaultFileAugmentable file;
-
-    QVERIFY(!registrar.registerInterface(QString(), &file, 0));
-    QVERIFY(!registrar.registerInterface(genericId, nullptr, 0));
-    QTest::ignoreMessage(QtWarningMsg, "ActionHandler::registerInterface() - Interface type mismatch!");
-    QVERIFY(!registrar.registerInterface(genericId, &file, 0));
-    QVERIFY(registrar.getIfList(genericId).isEmpty());
-
-    // Any name the query answers will do, and the interface passed in is the one stored.
-    QVERIFY(registrar.registerInterface(QStringLiteral("IAugmentableFile"), &file, 0));
-    QCOMPARE(registrar.getIfList(QStringLiteral("IAugmentableFile")), QList<IBase *>{&file});
 }
 
 void tst_Registrars::launchableDispatch_data()
