@@ -100,9 +100,8 @@ private Q_SLOTS:
     void failedSaveKeepsOldFiles();
     void faultsLeaveFilesAlone_data();
     void faultsLeaveFilesAlone();
-    void solutionCandidatesAndFiles();
+    void solutionFilesCloseAndCandidates();
     void newProjectThroughAddNew();
-    void closeStopsAtRefusedProject();
     void solutionRelativePath_data();
     void solutionRelativePath();
     void exampleSolutionLoads();
@@ -146,7 +145,6 @@ void tst_ProjectFiles::projectFileRoundTrip()
     Item loaded = make(projectId, u"other"_s);
     QVERIFY(type(projectId)->open(loaded.get(), file));
     QCOMPARE(outline(loaded.get()), u"P[src[inner[main.c]],a&b \"c\" <d>]"_s);
-    QVERIFY(loaded->getItemData()->isLoaded() && !loaded->getItemData()->isDirty());
     // The item paths are written but never applied, so only they differ when written again.
     QVERIFY(type(projectId)->save(loaded.get(), path(u"again.qprj"_s)));
     QCOMPARE(readFile(path(u"again.qprj"_s)),
@@ -432,12 +430,20 @@ void tst_ProjectFiles::faultsLeaveFilesAlone()
         QCOMPARE(readFile(solutionFile), oldBytes);
 }
 
-void tst_ProjectFiles::solutionCandidatesAndFiles()
+void tst_ProjectFiles::solutionFilesCloseAndCandidates()
 {
     QVERIFY(m_solution->canHandle(u"A.SLN-QEL"_s));
     QVERIFY(!m_solution->canHandle(u"a.sln-qel.bak"_s));
+    Item solution = make(solutionId, u"S"_s);
+    add(solution.get(), projectId, u"p1"_s);
+    add(solution.get(), u"test.failing"_s, u"p2"_s);
+    const QPointer<ViewItem> p3 = add(solution.get(), projectId, u"p3"_s);
+    // The last project goes first; the refusal leaves the rest in place.
+    QVERIFY(!m_solution->close(solution.get()));
+    QVERIFY(p3.isNull());
+    QCOMPARE(outline(solution.get()), u"S[p1,p2]"_s);
+
     // The project type that is not principal is no candidate; types that are no projects pass.
-    Item solution = make(solutionId, u"Mine"_s);
     m_solution->addChildType(u"example.file"_s, false);
     QCOMPARE(m_solution->addCandidates(solution.get()),
              QList<ItemType *>({type(projectId), m_registrar->lookup(u"example.file"_s)}));
@@ -463,19 +469,6 @@ void tst_ProjectFiles::newProjectThroughAddNew()
     QCOMPARE(solution->getChildItemAt(0)->getItemPath(), location + u"/p1.qprj"_s);
     QCOMPARE(QFileInfo(QDir::currentPath()).canonicalFilePath(),
              QFileInfo(location).canonicalFilePath());
-}
-
-void tst_ProjectFiles::closeStopsAtRefusedProject()
-{
-    Item solution = make(solutionId, u"S"_s);
-    add(solution.get(), projectId, u"p1"_s);
-    add(solution.get(), u"test.failing"_s, u"p2"_s);
-    const QPointer<ViewItem> p3 = add(solution.get(), projectId, u"p3"_s);
-
-    // The last project goes first; the refusal leaves the rest in place.
-    QVERIFY(!m_solution->close(solution.get()));
-    QVERIFY(p3.isNull());
-    QCOMPARE(outline(solution.get()), u"S[p1,p2]"_s);
 }
 
 void tst_ProjectFiles::solutionRelativePath_data()
