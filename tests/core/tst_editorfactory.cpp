@@ -65,32 +65,27 @@ class tst_EditorFactory : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
-    void reusesTrackedEditor();
-    void untrackedWidgetsAreRebuilt();
+    void init()
+    {
+        Velmora::Tests::failOnUnexpectedWarnings();
+        m_factory = std::make_unique<TestFactory>();
+    }
+    void cleanup()
+    {
+        // The factory deletes no editor on its own. Dropping it first also proves that its
+        // surviving editors no longer call back into it.
+        const QList<QPointer<QWidget>> built = m_factory->built;
+        m_factory.reset();
+        qDeleteAll(built);
+    }
+    void reusesTrackedEditorsAndRebuildsOthers();
     void editorIsForgottenWhenDisposedOrDeleted();
 
 private:
     std::unique_ptr<TestFactory> m_factory;
 };
 
-void tst_EditorFactory::init()
-{
-    Velmora::Tests::failOnUnexpectedWarnings();
-    m_factory = std::make_unique<TestFactory>();
-}
-
-void tst_EditorFactory::cleanup()
-{
-    // The factory deletes no editor on its own. Dropping it first also proves that its
-    // surviving editors no longer call back into it.
-    const QList<QPointer<QWidget>> built = m_factory->built;
-    m_factory.reset();
-    qDeleteAll(built);
-}
-
-void tst_EditorFactory::reusesTrackedEditor()
+void tst_EditorFactory::reusesTrackedEditorsAndRebuildsOthers()
 {
     QWidget *first = m_factory->createInstance(fakeItem(1), {{QStringLiteral("first"), {}}});
     QCOMPARE(m_factory->createInstance(fakeItem(1), {{QStringLiteral("other"), {}}}), first);
@@ -100,20 +95,18 @@ void tst_EditorFactory::reusesTrackedEditor()
     QCOMPARE(m_factory->hookCalls, 2);
     QCOMPARE(m_factory->createInstance(nullptr, {}), nullptr);
     QCOMPARE(m_factory->hookCalls, 2);
-}
 
-void tst_EditorFactory::untrackedWidgetsAreRebuilt()
-{
+    // Widgets that are no editors are built anew each time.
     m_factory->make = TestFactory::MakePlainWidget;
-    QWidget *plain = m_factory->createInstance(fakeItem(1), {});
-    QVERIFY(plain && m_factory->createInstance(fakeItem(1), {}) != plain);
-    m_factory->disposeInstance(fakeItem(1));
-    QCOMPARE(m_factory->built.size(), 2);
-    QVERIFY(m_factory->built.at(0) && m_factory->built.at(1)); // not the factory's to delete
+    QWidget *plain = m_factory->createInstance(fakeItem(3), {});
+    QVERIFY(plain && m_factory->createInstance(fakeItem(3), {}) != plain);
+    m_factory->disposeInstance(fakeItem(3));
+    QCOMPARE(m_factory->built.size(), 4);
+    QVERIFY(m_factory->built.at(2) && m_factory->built.at(3)); // not the factory's to delete
     m_factory->make = TestFactory::MakeNothing;
-    QCOMPARE(m_factory->createInstance(fakeItem(2), {}), nullptr);
-    QCOMPARE(m_factory->createInstance(fakeItem(2), {}), nullptr);
-    QCOMPARE(m_factory->hookCalls, 4);
+    QCOMPARE(m_factory->createInstance(fakeItem(4), {}), nullptr);
+    QCOMPARE(m_factory->createInstance(fakeItem(4), {}), nullptr);
+    QCOMPARE(m_factory->hookCalls, 6);
 }
 
 void tst_EditorFactory::editorIsForgottenWhenDisposedOrDeleted()

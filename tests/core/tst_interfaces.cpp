@@ -58,7 +58,6 @@ private slots:
 
     void queryRule_data();
     void queryRule();
-    void queryOfLockAnswersOnlyQObject();
     void interfaceCastReturnsTheNamedPart();
     void orderedIfSortsStably();
     void hookupHandlerMapsCommands();
@@ -103,18 +102,15 @@ void tst_Interfaces::queryRule()
     QCOMPARE(out, nullptr);
 }
 
-void tst_Interfaces::queryOfLockAnswersOnlyQObject()
+void tst_Interfaces::interfaceCastReturnsTheNamedPart()
 {
+    // The lock answers QObject only.
     DeadlockFreeLock lock;
     QCOMPARE(answer(&lock, "QObject"), static_cast<QObject *>(&lock));
     for (const char *iid : {"IBase", "IBase.Velmora.Orvane", "IDeadlockFreeLock",
                             "Velmora::Framework::DeadlockFreeLock"}) {
         QCOMPARE(answer(&lock, iid), nullptr);
     }
-}
-
-void tst_Interfaces::interfaceCastReturnsTheNamedPart()
-{
     DefaultFileAugmentable file;
     DefaultGenericAugmentable generic;
 

@@ -5,15 +5,52 @@
 #include "core/defaultaggregatable.h"
 #include "core/defaultfileaugmentable.h"
 #include "core/defaultgenericaugmentable.h"
+#include "core/ilaunchable.h"
+#include "core/launchableregistrar.h"
 #include "core/serviceregistrar.h"
+#include "core/sharedvariantregion.h"
 
 #include <QtTest/qsignalspy.h>
 
 using namespace Velmora::Framework;
+using namespace Qt::StringLiterals;
 
 namespace {
+
 const QString genericId = QString::fromLatin1(Iid::IAugmentableGeneric);
-}
+const QString variant = u"selection"_s;
+
+// Claims what it is told to and records what it was handed.
+class RecordingLaunchable : public QObject, public ILaunchable
+{
+    Q_OBJECT
+    Q_INTERFACES(Velmora::Framework::ILaunchable)
+
+public:
+    RecordingLaunchable(QList<QString> extensions, QList<QString> options)
+        : m_extensions(std::move(extensions)), m_options(std::move(options))
+    {
+    }
+    bool queryInterface(const char *iid, IBase **out) override
+    {
+        return queryByMetaCast(this, iid, out);
+    }
+    QList<QString> getExtensions() override { return m_extensions; }
+    QList<QString> getOptionNames() override { return m_options; }
+    bool launch(const QList<QString> &arguments) override
+    {
+        launched.append(arguments);
+        return true;
+    }
+
+    QList<QList<QString>> launched;
+
+private:
+    QList<QString> m_extensions;
+    QList<QString> m_options;
+};
+
+} // namespace
 
 class tst_Registrars : public QObject
 {
@@ -21,11 +58,16 @@ class tst_Registrars : public QObject
 
 private slots:
     void init() { Velmora::Tests::failOnUnexpectedWarnings(); }
+    // The region lives for the process; every test leaves it as it found it.
+    void cleanup() { SharedVariantRegion::instanse()->unregisterVariant(variant); }
 
     void serviceLastRegistrationWins();
     void dataFirstRegistrationWins();
     void augmentablesInOrderUntilUnregistered();
-    void augmentableMustImplementTheIdentifier();
+    void launchableDispatch_data();
+    void launchableDispatch();
+    void launchableRegistration();
+    void sharedVariants();
 };
 
 void tst_Registrars::serviceLastRegistrationWins()
@@ -101,6 +143,14 @@ void tst_Registrars::augmentablesInOrderUntilUnregistered()
 {
     AugmentableRegistrar registrar;
     DefaultGenericAugmentable a, b, c;
+    DefaultFileAugmentable file;
+    QVERIFY(!registrar.registerInterface(QString(), &file, 0));
+    QVERIFY(!registrar.registerInterface(genericId, nullptr, 0));
+    QTest::ignoreMessage(QtWarningMsg, "ActionHandler::registerInterface() - Interface type mismatch!");
+    QVERIFY(!registrar.registerInterface(genericId, &file, 0));
+    // Any name the query answers will do, and the interface passed in is the one stored.
+    QVERIFY(registrar.registerInterface(QStringLiteral("IAugmentableFile"), &file, 0));
+    QCOMPARE(registrar.getIfList(QStringLiteral("IAugmentableFile")), QList<IBase *>{&file});
 
     QVERIFY(registrar.registerInterface(genericId, &a, 10));
     QVERIFY(registrar.registerInterface(genericId, &b, 0));
@@ -123,20 +173,106 @@ void tst_Registrars::augmentablesInOrderUntilUnregistered()
     QVERIFY(registrar.getIfList(genericId).isEmpty());
 }
 
-void tst_Registrars::augmentableMustImplementTheIdentifier()
+void tst_Registrars::launchableDispatch_data()
 {
-    AugmentableRegistrar registrar;
-    DefaultFileAugmentable file;
+    QTest::addColumn<QList<QString>>("arguments");
+    QTest::addColumn<QList<QString>>("toSolution");
+    QTest::addColumn<QList<QString>>("toTool");
 
-    QVERIFY(!registrar.registerInterface(QString(), &file, 0));
-    QVERIFY(!registrar.registerInterface(genericId, nullptr, 0));
-    QTest::ignoreMessage(QtWarningMsg, "ActionHandler::registerInterface() - Interface type mismatch!");
-    QVERIFY(!registrar.registerInterface(genericId, &file, 0));
-    QVERIFY(registrar.getIfList(genericId).isEmpty());
+    const QList<QString> none;
+    QTest::newRow("extension in capitals") << QList<QString>{u"/w/A.SLN-QEL"_s}
+                                           << QList<QString>{u"/w/A.SLN-QEL"_s} << none;
+    QTest::newRow("ends in a dot") << QList<QString>{u"/w/a."_s} << none << none;
+    QTest::newRow("no dot") << QList<QString>{u"README"_s} << none << none;
+    QTest::newRow("dot in a folder only") << QList<QString>{u"/w.sln-qel/readme"_s} << none
+                                          << none;
+    QTest::newRow("option as registered") << QList<QString>{u"-open=a b"_s, u"-open"_s}
+                                          << none << QList<QString>{u"-open=a b"_s, u"-open"_s};
+    QTest::newRow("option in capitals") << QList<QString>{u"-Open=x"_s} << none << none;
+    QTest::newRow("unknown option") << QList<QString>{u"-close"_s} << none << none;
+}
 
-    // Any name the query answers will do, and the interface passed in is the one stored.
-    QVERIFY(registrar.registerInterface(QStringLiteral("IAugmentableFile"), &file, 0));
-    QCOMPARE(registrar.getIfList(QStringLiteral("IAugmentableFile")), QList<IBase *>{&file});
+void tst_Registrars::launchableDispatch()
+{
+    QFETCH(QList<QString>, arguments);
+    QFETCH(QList<QString>, toSolution);
+    QFETCH(QList<QString>, toTool);
+
+    LaunchableRegistrar registrar;
+    RecordingLaunchable solution({u"sln-qel"_s}, {});
+    RecordingLaunchable tool({u"txt"_s}, {u"OPEN"_s});
+    QVERIFY(registrar.registerLaunchable(&solution));
+    QVERIFY(registrar.registerLaunchable(&tool));
+
+    QCOMPARE(registrar.launch(arguments), !toSolution.isEmpty() || !toTool.isEmpty());
+    QCOMPARE(solution.launched, toSolution.isEmpty() ? QList<QList<QString>>()
+                                                     : QList<QList<QString>>{toSolution});
+    QCOMPARE(tool.launched,
+             toTool.isEmpty() ? QList<QList<QString>>() : QList<QList<QString>>{toTool});
+}
+
+void tst_Registrars::launchableRegistration()
+{
+    LaunchableRegistrar registrar;
+    RecordingLaunchable first({u"txt"_s, u"md"_s}, {u"open"_s});
+    RecordingLaunchable second({u"TXT"_s}, {});
+    RecordingLaunchable empty({}, {});
+
+    QVERIFY(!registrar.registerLaunchable(nullptr));
+    QVERIFY(registrar.registerLaunchable(&first));
+    QVERIFY(registrar.registerLaunchable(&first));
+    QVERIFY(registrar.registerLaunchable(&second));
+    QVERIFY(registrar.registerLaunchable(&empty));
+    // The empty one leaves no trace; the second keeps nothing the first claimed.
+    QCOMPARE(registrar.getLaunchables(), QList<ILaunchable *>{&first});
+
+    // Files for two launchables: only one of them is started per call.
+    QVERIFY(registrar.launch({u"a.txt"_s, u"b.md"_s}));
+    QCOMPARE(first.launched, (QList<QList<QString>>{{u"a.txt"_s, u"b.md"_s}}));
+
+    QVERIFY(registrar.unregisterLaunchable(&first));
+    QVERIFY(!registrar.unregisterLaunchable(&first));
+    QVERIFY(!registrar.launch({u"a.txt"_s}));
+    QVERIFY(registrar.registerLaunchable(&second));
+    registrar.unregisterAll();
+    QVERIFY(registrar.getLaunchables().isEmpty());
+}
+
+void tst_Registrars::sharedVariants()
+{
+    SharedVariantRegion *region = SharedVariantRegion::instanse();
+    const QString unknown = u"unknown"_s;
+    QSignalSpy changed(region, &SharedVariantRegion::signalVariantChanged);
+    QVERIFY(!region->focusdTriggerSignal(variant));
+    QVERIFY(region->registerVariant(variant, QVariant(), true));
+    QVERIFY(!region->registerVariant(variant, 2, false));
+    // An invalid value is still a value; only an unknown name has none.
+    const std::optional<QVariant> value = region->variantValue(variant);
+    QVERIFY(value.has_value() && !value->isValid());
+    QCOMPARE(region->variantValue(unknown), std::nullopt);
+    QVERIFY(region->canTriggered(variant));
+    QVERIFY(region->unregisterVariant(variant));
+    QVERIFY(!region->unregisterVariant(variant));
+    QVERIFY(!region->containsVariant(variant));
+
+    QVERIFY(region->registerVariant(variant, 1, false));
+    QVERIFY(region->setVariantValue(variant, 1));   // equal: true, silent
+    QVERIFY(region->setVariantValue(variant, 2));   // not triggering: stored, silent
+    QCOMPARE(region->variantValue(variant), std::optional<QVariant>(2));
+    QCOMPARE(changed.size(), 0);
+    // A focused trigger ignores the flag.
+    QVERIFY(region->focusdTriggerSignal(variant));
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(changed.at(0).at(1).value<QVariant>(), QVariant(2));
+
+    QVERIFY(!region->setCanTriggered(variant, true)); // answers false although it worked
+    QVERIFY(region->canTriggered(variant));
+    region->slotSetVariant(variant, 3);
+    QCOMPARE(changed.size(), 2);
+    QCOMPARE(changed.at(1).at(0).toString(), variant);
+    QCOMPARE(changed.at(1).at(1).value<QVariant>(), QVariant(3));
+    QVERIFY(!region->setVariantValue(unknown, 1));
+    QVERIFY(!region->setCanTriggered(unknown, true));
 }
 
 VELMORA_TEST(tst_Registrars);

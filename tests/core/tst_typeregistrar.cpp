@@ -22,8 +22,16 @@ class tst_TypeRegistrar : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init()
+    {
+        Velmora::Tests::failOnUnexpectedWarnings();
+        m_registrar = std::make_unique<TypeRegistrar>(nullptr);
+    }
+    void cleanup()
+    {
+        m_registrar->deallocateAll();
+        m_registrar.reset();
+    }
     void registerAndUnregister();
     void registerOverwritesSameId();
     void findAll_data();
@@ -33,18 +41,6 @@ private slots:
 private:
     std::unique_ptr<TypeRegistrar> m_registrar;
 };
-
-void tst_TypeRegistrar::init()
-{
-    Velmora::Tests::failOnUnexpectedWarnings();
-    m_registrar = std::make_unique<TypeRegistrar>(nullptr);
-}
-
-void tst_TypeRegistrar::cleanup()
-{
-    m_registrar->deallocateAll();
-    m_registrar.reset();
-}
 
 void tst_TypeRegistrar::registerAndUnregister()
 {

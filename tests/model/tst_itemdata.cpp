@@ -15,8 +15,7 @@ private slots:
     void init() { Velmora::Tests::failOnUnexpectedWarnings(); }
 
     void payloadsAreUnparentedDistinctClasses();
-    void setNotifiesEveryTimeRemoveNever();
-    void gettersFallBackOnlyForMissingKeys();
+    void bagSetNotifiesAndGettersFallBackOnlyForMissingKeys();
 };
 
 void tst_ItemData::payloadsAreUnparentedDistinctClasses()
@@ -35,7 +34,7 @@ void tst_ItemData::payloadsAreUnparentedDistinctClasses()
     QVERIFY(!solution.isLoaded() && !solution.isDirty());
 }
 
-void tst_ItemData::setNotifiesEveryTimeRemoveNever()
+void tst_ItemData::bagSetNotifiesAndGettersFallBackOnlyForMissingKeys()
 {
     ItemPropertyBag bag;
     QSignalSpy notified(&bag, &ItemPropertyBag::NotifyBagSet);
@@ -58,11 +57,7 @@ void tst_ItemData::setNotifiesEveryTimeRemoveNever()
     bag.remove(key);
     QCOMPARE(bag.propertyMap().keys(), QStringList({"Zulu", "delta", "literal"}));
     QCOMPARE(notified.size(), 5);
-}
 
-void tst_ItemData::gettersFallBackOnlyForMissingKeys()
-{
-    ItemPropertyBag bag;
     const QString word = QStringLiteral("word"), number = QStringLiteral("number");
     bag.set(word, QStringLiteral("not a number"));
     bag.set(number, QStringLiteral("42"));

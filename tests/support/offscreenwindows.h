@@ -5,9 +5,8 @@
 
 namespace Velmora::Tests {
 
-// The offscreen platform warns that it cannot size or raise windows each time a window is
-// shown; those notices say nothing about our code. Drops exactly them for the guard's life
-// and passes everything else on to QtTest, which still pins and fails on warnings.
+// Drops, for the guard's life, the offscreen platform's notices that it cannot size or raise
+// a shown window: they say nothing about our code. Everything else still reaches QtTest.
 class OffscreenWindowNotices
 {
 public:

@@ -22,18 +22,13 @@ inline void failOnUnexpectedWarnings()
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
 }
 
-// Pinned texts only match when nothing reshapes or filters Qt's messages.
-inline bool messagesReshaped()
-{
-    return qEnvironmentVariableIsSet("QT_LOGGING_RULES")
-        || qEnvironmentVariableIsSet("QT_MESSAGE_PATTERN");
-}
-
 } // namespace Velmora::Tests
 
+// Pinned texts only match when nothing reshapes or filters Qt's messages.
 #define VELMORA_SKIP_IF_MESSAGES_RESHAPED()                                                   \
     do {                                                                                      \
-        if (Velmora::Tests::messagesReshaped())                                               \
+        if (qEnvironmentVariableIsSet("QT_LOGGING_RULES")                                     \
+            || qEnvironmentVariableIsSet("QT_MESSAGE_PATTERN"))                               \
             QSKIP("QT_LOGGING_RULES or QT_MESSAGE_PATTERN reshape the pinned messages");      \
     } while (false)
 

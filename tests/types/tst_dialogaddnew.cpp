@@ -54,8 +54,17 @@ class tst_DialogAddNew : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init()
+    {
+        Velmora::Tests::failOnUnexpectedWarnings();
+        m_tree = std::make_unique<TestTree>();
+        m_parent.reset(m_tree->folderItem(u"parent"_s));
+    }
+    void cleanup()
+    {
+        m_parent.reset();
+        m_tree.reset();
+    }
     void controlsAndTexts();
     void proposesFirstFreeName_data();
     void proposesFirstFreeName();
@@ -74,19 +83,6 @@ private:
             m_parent->addChildItem(m_tree->folderItem(name));
     }
 };
-
-void tst_DialogAddNew::init()
-{
-    Velmora::Tests::failOnUnexpectedWarnings();
-    m_tree = std::make_unique<TestTree>();
-    m_parent.reset(m_tree->folderItem(u"parent"_s));
-}
-
-void tst_DialogAddNew::cleanup()
-{
-    m_parent.reset();
-    m_tree.reset();
-}
 
 void tst_DialogAddNew::controlsAndTexts()
 {

@@ -1,29 +1,17 @@
 #include "testsupport.h"
+#include "testtypes.h"
 
 #include "types/filecheck.h"
 
-#include <QtCore/qdir.h>
-#include <QtCore/qfile.h>
 #include <QtCore/qtemporarydir.h>
 
 using namespace Velmora::Framework;
 using namespace Qt::StringLiterals;
+using Velmora::Tests::writeFile;
 
 namespace {
-
 const QByteArray header = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
-
-QString write(const QTemporaryDir &dir, const QString &name, const QByteArray &bytes)
-{
-    const QString path = dir.filePath(name);
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        return QString();
-    return path;
 }
-
-} // namespace
 
 class tst_FileCheck : public QObject
 {
@@ -77,8 +65,8 @@ void tst_FileCheck::reportsWhereTheProblemIs()
     QFETCH(QByteArray, bytes);
     QFETCH(QStringList, expected);
     QTemporaryDir dir;
-    const QString path = write(dir, name, bytes);
-    QVERIFY(!path.isEmpty());
+    const QString path = dir.filePath(name);
+    QVERIFY(writeFile(path, bytes));
     if (QTest::currentDataTag() == QLatin1String("attribute lists refused"))
         QTest::ignoreMessage(QtWarningMsg, "FileCheck::check(): the document type declares "
                                            "attribute lists; nothing is loaded");
@@ -98,10 +86,12 @@ void tst_FileCheck::checksTheProjectsASolutionLists()
 {
     // A broken project is reported under its own name, once even when listed twice.
     QTemporaryDir dir;
-    const QString project = write(dir, u"a/a.qprj"_s, header + "<project>\n<item>\n</project>\n");
-    const QString solution = write(dir, u"s.sln-qel"_s, header + "<solution>\n"
-        "<project typeid=\"t\" name=\"a\" path=\"a/a.qprj\"/>\n"
-        "<project typeid=\"t\" name=\"b\" path=\"./a/../a/a.qprj\"/>\n</solution>\n");
+    const QString project = dir.filePath(u"a/a.qprj"_s), solution = dir.filePath(u"s.sln-qel"_s);
+    QVERIFY(QDir(dir.path()).mkpath(u"a"_s)
+            && writeFile(project, header + "<project>\n<item>\n</project>\n")
+            && writeFile(solution, header + "<solution>\n"
+                         "<project typeid=\"t\" name=\"a\" path=\"a/a.qprj\"/>\n<project "
+                         "typeid=\"t\" name=\"b\" path=\"./a/../a/a.qprj\"/>\n</solution>\n"));
 
     const QList<FileProblem> problems = FileCheck::check(solution);
     QStringList files;

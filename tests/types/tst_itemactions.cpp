@@ -15,8 +15,40 @@ class tst_ItemActions : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init()
+    {
+        Velmora::Tests::failOnUnexpectedWarnings();
+        auto *folder = new Velmora::Tests::TestType(u"folder"_s);
+        folder->addChildType(u"leaf"_s, false);
+        folder->addChildType(u"data"_s, false);
+        folder->addChildType(u"script"_s, false);
+        folder->addMandatoryChild(u"leaf"_s, u"keep"_s);
+        auto *script = new Velmora::Tests::TestFileType(u"script"_s, u".s"_s);
+        script->setFileMenus(ItemTypeFile::OpenMenu);
+        auto *solution = new ItemTypeSolution;
+        solution->addChildType(u"folder"_s, false);
+        for (ItemType *type : std::initializer_list<ItemType *>{
+                 folder, new Velmora::Tests::TestType(u"leaf"_s),
+                 new Velmora::Tests::TestFileType(u"data"_s), script, solution})
+            QVERIFY(m_registrar.registerType(type));
+
+        m_solution.reset(m_registrar.createItem(solution->getId(), u"S"_s));
+        ViewItem *f = m_registrar.createItem(u"folder"_s, u"F"_s);
+        m_solution->addChildItem(f);
+        m_items = {{u"S"_s, m_solution.get()}, {u"F"_s, f}};
+        for (const auto &[type, name] : {std::pair{u"leaf"_s, u"keep"_s}, {u"leaf"_s, u"L"_s},
+                                         {u"data"_s, u"D"_s}, {u"script"_s, u"O"_s}}) {
+            ViewItem *child = m_registrar.createItem(type, name);
+            f->addChildItem(child);
+            m_items.insert(name, child);
+        }
+    }
+    void cleanup()
+    {
+        m_solution.reset();
+        m_items.clear();
+        m_registrar.deallocateAll();
+    }
 
     void availabilityAndState_data();
     void availabilityAndState();
@@ -26,42 +58,6 @@ private:
     std::unique_ptr<ViewItem> m_solution;
     QMap<QString, ViewItem *> m_items;
 };
-
-void tst_ItemActions::init()
-{
-    Velmora::Tests::failOnUnexpectedWarnings();
-    auto *folder = new Velmora::Tests::TestType(u"folder"_s);
-    folder->addChildType(u"leaf"_s, false);
-    folder->addChildType(u"data"_s, false);
-    folder->addChildType(u"script"_s, false);
-    folder->addMandatoryChild(u"leaf"_s, u"keep"_s);
-    auto *script = new Velmora::Tests::TestFileType(u"script"_s, u".s"_s);
-    script->setFileMenus(ItemTypeFile::OpenMenu);
-    auto *solution = new ItemTypeSolution;
-    solution->addChildType(u"folder"_s, false);
-    for (ItemType *type : std::initializer_list<ItemType *>{
-             folder, new Velmora::Tests::TestType(u"leaf"_s),
-             new Velmora::Tests::TestFileType(u"data"_s), script, solution})
-        QVERIFY(m_registrar.registerType(type));
-
-    m_solution.reset(m_registrar.createItem(solution->getId(), u"S"_s));
-    ViewItem *f = m_registrar.createItem(u"folder"_s, u"F"_s);
-    m_solution->addChildItem(f);
-    m_items = {{u"S"_s, m_solution.get()}, {u"F"_s, f}};
-    for (const auto &[type, name] : {std::pair{u"leaf"_s, u"keep"_s}, {u"leaf"_s, u"L"_s},
-                                     {u"data"_s, u"D"_s}, {u"script"_s, u"O"_s}}) {
-        ViewItem *child = m_registrar.createItem(type, name);
-        f->addChildItem(child);
-        m_items.insert(name, child);
-    }
-}
-
-void tst_ItemActions::cleanup()
-{
-    m_solution.reset();
-    m_items.clear();
-    m_registrar.deallocateAll();
-}
 
 void tst_ItemActions::availabilityAndState_data()
 {

@@ -66,12 +66,15 @@ class tst_ItemType : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init()
+    {
+        Velmora::Tests::failOnUnexpectedWarnings();
+        m_registrar = std::make_unique<TypeRegistrar>(nullptr);
+    }
+    void cleanup() { m_registrar->deallocateAll(); }
     void menuEntries();
     void childPermission();
-    void mandatoryChildren();
-    void createItemInstanceMakesDataSheetAndBags();
+    void createItemInstanceMakesChildrenDataSheetAndBags();
     void editorFactories();
     void deletingTypeFreesWhatItOwns();
 
@@ -91,17 +94,6 @@ private:
 
     std::unique_ptr<TypeRegistrar> m_registrar;
 };
-
-void tst_ItemType::init()
-{
-    Velmora::Tests::failOnUnexpectedWarnings();
-    m_registrar = std::make_unique<TypeRegistrar>(nullptr);
-}
-
-void tst_ItemType::cleanup()
-{
-    m_registrar->deallocateAll();
-}
 
 RecordingType *tst_ItemType::addType(const QString &id, const QString &description,
                                 const QString &scope)
@@ -176,7 +168,7 @@ void tst_ItemType::childPermission()
     QCOMPARE(parent->childTypes(nullptr), (Types{a}));
 }
 
-void tst_ItemType::mandatoryChildren()
+void tst_ItemType::createItemInstanceMakesChildrenDataSheetAndBags()
 {
     RecordingType *parent = addType(u"parent"_s);
     addType(u"leafB"_s);
@@ -194,31 +186,26 @@ void tst_ItemType::mandatoryChildren()
     parent->addMandatoryChild(u"leafA"_s, u"a1"_s);
     parent->addMandatoryChild(u"leafB"_s, u"b1"_s);
     // Entries in key order, names in the order given.
-    std::unique_ptr<ViewItem> item(parent->createItemInstance(u"root"_s, nullptr));
+    QObject context;
+    std::unique_ptr<ViewItem> first(parent->createItemInstance(u"first"_s, &context));
     QStringList children;
-    for (int row = 0; row < item->getChildItemCount(); ++row) {
-        const ViewItem *child = item->getChildItemAt(row);
+    for (int row = 0; row < first->getChildItemCount(); ++row) {
+        const ViewItem *child = first->getChildItemAt(row);
         children << child->getType()->getId() + u':' + child->getItemName();
     }
     QCOMPARE(children, (QStringList{u"leafA:a1"_s, u"leafB:b2"_s, u"leafB:b1"_s}));
-}
 
-void tst_ItemType::createItemInstanceMakesDataSheetAndBags()
-{
-    RecordingType *type = addType(u"node"_s);
-    QObject context;
-    std::unique_ptr<ViewItem> first(type->createItemInstance(u"first"_s, &context));
-    std::unique_ptr<ViewItem> second(type->createItemInstance(nullptr));
+    std::unique_ptr<ViewItem> second(parent->createItemInstance(nullptr));
     QCOMPARE(first->getItemData()->getCreationContext(), &context);
     // One sheet for all items of the type.
-    QCOMPARE(type->propertySheet(second.get()), type->propertySheet(first.get()));
+    QCOMPARE(parent->propertySheet(second.get()), parent->propertySheet(first.get()));
     // A bag is made on request, one per item, and freed on request.
-    ItemPropertyBag *bag = type->getPropertyBag(first.get());
+    ItemPropertyBag *bag = parent->getPropertyBag(first.get());
     QVERIFY(bag && second->getPropertyBag() && second->getPropertyBag() != bag);
     QSignalSpy bagGone(bag, &QObject::destroyed);
-    type->disposePropertyBagFor(first.get());
+    parent->disposePropertyBagFor(first.get());
     QCOMPARE(bagGone.size(), 1);
-    QCOMPARE(type->getPropertyBagMap().keys(), Items{second.get()});
+    QCOMPARE(parent->getPropertyBagMap().keys(), Items{second.get()});
 }
 
 void tst_ItemType::editorFactories()

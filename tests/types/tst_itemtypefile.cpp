@@ -2,10 +2,15 @@
 #include "scriptedprompts.h"
 #include "testtypes.h"
 
+#include "../../examples/generator/exampletypes.h"
+
 #include "core/augmentableregistrar.h"
 #include "core/defaultfileaugmentable.h"
 #include "core/identifiers.h"
 #include "model/ordereditem.h"
+#include "types/itemtypesolution.h"
+#include "types/typecompanionfile.h"
+#include "types/typecompaniongeneric.h"
 
 #include <QtCore/qdir.h>
 #include <QtCore/qtemporarydir.h>
@@ -56,8 +61,13 @@ class tst_ItemTypeFile : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init()
+    {
+        Velmora::Tests::failOnUnexpectedWarnings();
+        f = std::make_unique<Fixture>();
+        QVERIFY(f->dir.isValid());
+    }
+    void cleanup() { f.reset(); }
 
     void openLoadsAndCloseResets();
     void saveWritesTheFile_data();
@@ -65,14 +75,19 @@ private slots:
     void saveAsksOnlyWhenItMust();
     void fileMenuEntriesFollowTheFlags();
     void fileProtocolStopsAtAVeto();
+    void companionOffersToSaveSeveralUnsaved_data();
+    void companionOffersToSaveSeveralUnsaved();
+    void companionMovesToTheFilesFolder();
+    void companionMarksDirtyOnlyProjectsAndSolutions();
 
 private:
-    // A detached item with the name and path, its data dirty and not loaded.
-    ViewItem *make(const QString &name, const QString &path = {})
+    // A detached item with the name and path, its data not loaded.
+    ViewItem *make(const QString &name, const QString &path = {}, bool dirty = true,
+                   const QString &typeId = u"data"_s)
     {
-        ViewItem *item = f->items.emplace_back(f->registrar.createItem(u"data"_s, name)).get();
+        ViewItem *item = f->items.emplace_back(f->registrar.createItem(typeId, name)).get();
         item->setItemPath(path);
-        item->getItemData()->setDirty(true);
+        item->getItemData()->setDirty(dirty);
         return item;
     }
     QString file(const QString &name) const { return f->dir.filePath(name); }
@@ -93,6 +108,7 @@ private:
         ~Fixture() { registrar.deallocateAll(); }
         QTemporaryDir dir;
         QWidget window;
+        TypeCompanionFile companion;
         AugmentableRegistrar augments;
         TypeRegistrar registrar{&window};
         TestFileType *type = new TestFileType; // owned by the registrar
@@ -101,18 +117,6 @@ private:
     };
     std::unique_ptr<Fixture> f;
 };
-
-void tst_ItemTypeFile::init()
-{
-    Velmora::Tests::failOnUnexpectedWarnings();
-    f = std::make_unique<Fixture>();
-    QVERIFY(f->dir.isValid());
-}
-
-void tst_ItemTypeFile::cleanup()
-{
-    f.reset();
-}
 
 void tst_ItemTypeFile::openLoadsAndCloseResets()
 {
@@ -262,6 +266,86 @@ void tst_ItemTypeFile::fileProtocolStopsAtAVeto()
     QCOMPARE(log, hooks(u"Save"_s, 4));
     QCOMPARE(first.argument, QVariant(QStringList{path}));
     QCOMPARE(readFile(path), QByteArray("alpha"));
+}
+
+void tst_ItemTypeFile::companionOffersToSaveSeveralUnsaved_data()
+{
+    QTest::addColumn<int>("unsaved");
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<bool>("closed");
+    QTest::addColumn<bool>("written");
+
+    // A single unsaved item closes without a question and without saving: intended.
+    QTest::newRow("one unsaved") << 1 << 0 << true << false;
+    QTest::newRow("two unsaved, yes") << 2 << int(QMessageBox::Yes) << true << true;
+    QTest::newRow("two unsaved, no") << 2 << int(QMessageBox::No) << true << false;
+    QTest::newRow("two unsaved, cancel") << 2 << int(QMessageBox::Cancel) << false << false;
+    QTest::newRow("two unsaved, box closed") << 2 << int(QMessageBox::NoButton) << false << false;
+}
+
+void tst_ItemTypeFile::companionOffersToSaveSeveralUnsaved()
+{
+    QFETCH(int, unsaved);
+    QFETCH(int, answer);
+    QFETCH(bool, closed);
+    QFETCH(bool, written);
+    // Where the framework registers the file companion: it serves every file type.
+    f->augments.registerInterface(QLatin1String(Iid::IAugmentableFile), &f->companion, 0);
+    Items items{make(u"clean"_s, file(u"clean.dat"_s), false)};
+    for (int i = 0; i < unsaved; ++i)
+        items.append(make(u"n%1"_s.arg(i), file(u"n%1.dat"_s.arg(i))));
+    ScriptedPrompts prompts;
+    prompts.answer(answer);
+
+    // The companion's beforeClose asks; anything but yes or no vetoes the close.
+    QCOMPARE(f->type->close(items), closed);
+    QCOMPARE(prompts.requests.size(), unsaved > 1 ? 1 : 0);
+    for (const Request &asked : std::as_const(prompts.requests)) {
+        QCOMPARE(asked.kind, Request::Question);
+        QCOMPARE(asked.title + u'|' + asked.text,
+                 u"Save multiple changes?|2 unsaved files. Save all before closing?"_s);
+        QCOMPARE(asked.buttons, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    }
+    QVERIFY(!QFile::exists(file(u"clean.dat"_s)));
+    for (int i = 0; i < unsaved; ++i) {
+        const QString path = file(u"n%1.dat"_s.arg(i));
+        QCOMPARE(QFile::exists(path), written);
+        QCOMPARE(items.at(i + 1)->getItemPath(), closed ? QString() : path);
+        QCOMPARE(items.at(i + 1)->getItemData()->isDirty(), !closed);
+    }
+}
+
+void tst_ItemTypeFile::companionMovesToTheFilesFolder()
+{
+    f->augments.registerInterface(QLatin1String(Iid::IAugmentableFile), &f->companion, 0);
+    const QString folder = file(u"sub"_s);
+    QVERIFY(QDir().mkpath(folder));
+    ViewItem *x = make(u"x"_s);
+    QVERIFY(f->type->save(x, folder + u"/x.dat"_s));
+    QCOMPARE(QDir::current(), QDir(folder));
+
+    QVERIFY(QDir::setCurrent(f->dir.path()));
+    QVERIFY(f->type->open(x, folder + u"/x.dat"_s));
+    QCOMPARE(QDir::current(), QDir(folder));
+    // Only a single item tells where to go.
+    QVERIFY(!f->companion.afterOpen(Items{x, x}, {}));
+}
+
+void tst_ItemTypeFile::companionMarksDirtyOnlyProjectsAndSolutions()
+{
+    Velmora::Examples::registerExampleTypes(&f->registrar);
+    f->registrar.registerType(new ItemTypeSolution);
+    TypeCompanionGeneric companion;
+    using Hook = bool (TypeCompanionGeneric::*)(const Items &, const QVariant &);
+    for (const Hook hook : {&TypeCompanionGeneric::afterAddNew, &TypeCompanionGeneric::afterCopy,
+                            &TypeCompanionGeneric::afterCut}) {
+        const Items items{make(u"p"_s, {}, false, u"example.project"_s),
+                          make(u"s"_s, {}, false, u"ITypeSolution.Types.Velmora.Orvane"_s),
+                          make(u"f"_s, {}, false)};
+        QVERIFY((companion.*hook)(items, {}));
+        QVERIFY(items.at(0)->getItemData()->isDirty() && items.at(1)->getItemData()->isDirty());
+        QVERIFY(!items.at(2)->getItemData()->isDirty());
+    }
 }
 
 VELMORA_TEST(tst_ItemTypeFile);
