@@ -189,8 +189,7 @@ void tst_Environment::hubAnswersByIdentifier()
              m_environment->solutionItem()->getType());
     QCOMPARE(service<ISolution>(*m_environment)->solutionItem(), m_environment->solutionItem());
     QCOMPARE(service<IAddressBar>(*m_environment)->addressBar()->suffixes(), QStringList{u"qprj"_s});
-    auto *status = interfaceCast<IStatusBar>(hub);
-    QCOMPARE(status->statusBar(), m_environment->mainWindow()->statusBar());
+    QCOMPARE(service<IStatusBar>(*m_environment)->statusBar(), m_environment->mainWindow()->statusBar());
 
     // Help is made when first asked for, and says then that its collection is missing.
     QTest::ignoreMessage(QtWarningMsg,

@@ -325,7 +325,6 @@ void tst_Providers::factoryOrderAndWidget()
     QVERIFY(low < *provider && *provider > low && !(*provider < low));
 
     auto *factory = qobject_cast<IProviderFactory *>(provider.get());
-    QVERIFY(factory);
     QCOMPARE(factory->keys(), QList<QString>{u"provider"_s});
     QCOMPARE(factory->create(u"provider"_s), provider.get());
     QVERIFY(!factory->create(u"other"_s));

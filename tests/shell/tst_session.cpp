@@ -41,21 +41,9 @@ namespace {
 const QString sessionDir = QStringLiteral(VELMORA_SESSION_DIR);
 const QString projectFile = sessionDir + u"/work/Notes.qprj"_s;
 const QString planFile = sessionDir + u"/work/Papers/Plan.txt"_s;
-// The tree as the project view shows it: name(children...).
-const QString expectedTree = u"Solution(Notes(Papers(Plan),Todo))"_s;
+// The solution's tree; the solution item itself has no name.
+const QString expectedTree = u"[Notes[Papers[Plan],Todo]]"_s;
 const QByteArray typed = "Hello";
-
-QString treeOf(const QAbstractItemModel *model, const QModelIndex &parent)
-{
-    QStringList rows;
-    for (int row = 0; row < model->rowCount(parent); ++row) {
-        const QModelIndex index = model->index(row, 0, parent);
-        const QString children = treeOf(model, index);
-        rows.append(index.data().toString()
-                    + (children.isEmpty() ? QString() : u'(' + children + u')'));
-    }
-    return rows.join(u',');
-}
 
 } // namespace
 
@@ -245,13 +233,13 @@ void tst_Session::createSession()
     // Closing the window drops what is unsaved: the user saves the project first.
     contextMenu(find(u"Notes"_s), u"Save 'Notes'"_s);
     QTRY_VERIFY(QFileInfo::exists(projectFile));
-    QCOMPARE(treeOf(m_view->model(), QModelIndex()), expectedTree);
+    QCOMPARE(Velmora::Tests::outline(m_environment->solutionItem()), expectedTree);
     QVERIFY(m_environment->mainWindow()->close());
 }
 
 void tst_Session::reopenSession()
 {
-    QTRY_COMPARE(treeOf(m_view->model(), QModelIndex()), expectedTree);
+    QTRY_COMPARE(Velmora::Tests::outline(m_environment->solutionItem()), expectedTree);
     // The reopened file shows what was saved.
     doubleClick(find(u"Notes/Papers/Plan"_s));
     QPlainTextEdit *editor = nullptr;
