@@ -134,7 +134,6 @@ private slots:
     void hubAnswersByIdentifier();
     void ribbonActions_data();
     void ribbonActions();
-    void ribbonPages();
     void unloadWithdrawsContributions();
     void aggregatablesAndDocks();
     void projectRules();
@@ -195,6 +194,25 @@ void tst_Environment::hubAnswersByIdentifier()
     QTest::ignoreMessage(QtWarningMsg,
                          QRegularExpression(u"^Assistant: the help collection .* is missing$"_s));
     QVERIFY(!service<IAssistant>(*m_environment)->showAssistant(u"index"_s));
+
+    // The ribbon's pages: the contextual ones start hidden.
+    Velmora::Ribdock::RibbonBar *ribbon = service<IRibbonBar>(*m_environment)->ribbonBar();
+    QStringList titles;
+    for (int index = 0; index < ribbon->pageCount(); ++index)
+        titles.append(ribbon->page(index)->title());
+    QCOMPARE(titles, (QStringList{u"Main"_s, u"Plot"_s, u"App"_s, u"Tidekit Script"_s,
+                                  u"Tidekit Variant"_s, u"Flowdeck Diagram"_s}));
+    for (int index = 0; index < ribbon->pageCount(); ++index)
+        QCOMPARE(ribbon->isPageVisible(index), index < 3);
+    QStringList groups;
+    for (const Velmora::Ribdock::RibbonGroup *group : ribbon->page(0)->groups())
+        groups.append(group->title());
+    QCOMPARE(groups, (QStringList{u"File"_s, u"Variant"_s, u"Environment"_s, u"ResourceGroup"_s}));
+
+    // The New and Open menus' "Project" items run the project commands.
+    QCOMPARE(m_environment->fineMenu(Environment::NewMenu)->actions(),
+             QList<QAction *>{m_environment->findAction(Environment::NewProjectAction)});
+    QVERIFY(m_environment->fineMenu(Environment::LayoutMenu));
 }
 
 void tst_Environment::ribbonActions_data()
@@ -239,27 +257,6 @@ void tst_Environment::ribbonActions()
     QTEST(action->shortcut().toString(), "shortcut");
     QCOMPARE(service<IRibbonBar>(*m_environment)->findAction(id), action);
     QCOMPARE(m_environment->findAction(Environment::ActionCount), nullptr);
-}
-
-void tst_Environment::ribbonPages()
-{
-    Velmora::Ribdock::RibbonBar *ribbon = service<IRibbonBar>(*m_environment)->ribbonBar();
-    QStringList titles;
-    for (int index = 0; index < ribbon->pageCount(); ++index)
-        titles.append(ribbon->page(index)->title());
-    QCOMPARE(titles, (QStringList{u"Main"_s, u"Plot"_s, u"App"_s, u"Tidekit Script"_s,
-                                  u"Tidekit Variant"_s, u"Flowdeck Diagram"_s}));
-    for (int index = 0; index < ribbon->pageCount(); ++index)
-        QCOMPARE(ribbon->isPageVisible(index), index < 3);
-    QStringList groups;
-    for (const Velmora::Ribdock::RibbonGroup *group : ribbon->page(0)->groups())
-        groups.append(group->title());
-    QCOMPARE(groups, (QStringList{u"File"_s, u"Variant"_s, u"Environment"_s, u"ResourceGroup"_s}));
-
-    // The New and Open menus' "Project" items run the project commands.
-    QCOMPARE(m_environment->fineMenu(Environment::NewMenu)->actions(),
-             QList<QAction *>{m_environment->findAction(Environment::NewProjectAction)});
-    QVERIFY(m_environment->fineMenu(Environment::LayoutMenu));
 }
 
 void tst_Environment::unloadWithdrawsContributions()

@@ -24,7 +24,6 @@ private Q_SLOTS:
     void outputAppendsPlainLines();
     void tabBarMenuOnlyOverEnabledTabs_data();
     void tabBarMenuOnlyOverEnabledTabs();
-    void tabMenuPutsClearBeforeLastEntry();
 };
 
 static QImage imageOf(const QIcon &icon)
@@ -122,6 +121,17 @@ void tst_OutputWindow::outputAppendsPlainLines()
     QVERIFY(page && page->isReadOnly());
     QCOMPARE(page->sizeHint(), QSize(100, 100));
 
+    // The tab's own menu puts Clear before its last entry, enabled once there is text.
+    std::unique_ptr<QMenu> empty(page->createContextMenu());
+    const QList<QAction *> actions = empty->actions();
+    QVERIFY(actions.size() >= 3);
+    QAction *clear = actions.at(actions.size() - 3);
+    QCOMPARE(clear->text(), QStringLiteral("Clear"));
+    QCOMPARE(clear->statusTip(), QStringLiteral("Clear the content of this output tab"));
+    QVERIFY(actions.at(actions.size() - 2)->isSeparator());
+    QVERIFY(!actions.last()->isSeparator());
+    QVERIFY(!clear->isEnabled());
+
     window.output(QStringLiteral("log"), QStringLiteral("one"));
     window.output(QStringLiteral("log"), QString());
     window.output(QStringLiteral("log"), QStringLiteral("<b>two</b>"));
@@ -130,14 +140,19 @@ void tst_OutputWindow::outputAppendsPlainLines()
     QCOMPARE(page->toPlainText(), QStringLiteral("one\n<b>two</b>"));
     QCOMPARE(page->textCursor().position(), page->document()->characterCount() - 1);
     QVERIFY(custom->toPlainText().isEmpty());
+    std::unique_ptr<QMenu> full(page->createContextMenu());
+    QAction *enabled = full->actions().at(full->actions().size() - 3);
+    QVERIFY(enabled->isEnabled());
+    enabled->trigger();
+    QVERIFY(page->document()->isEmpty());
 
+    window.output(QStringLiteral("log"), QStringLiteral("three"));
+    QCOMPARE(page->toPlainText(), QStringLiteral("three"));
     custom->setPlainText(QStringLiteral("kept"));
     window.clearTab(QStringLiteral("custom"));
     window.clearTab(QStringLiteral("log"));
     QVERIFY(page->document()->isEmpty());
     QCOMPARE(custom->toPlainText(), QStringLiteral("kept"));
-    window.output(QStringLiteral("log"), QStringLiteral("three"));
-    QCOMPARE(page->toPlainText(), QStringLiteral("three"));
 }
 
 void tst_OutputWindow::tabBarMenuOnlyOverEnabledTabs_data()
@@ -183,27 +198,6 @@ void tst_OutputWindow::tabBarMenuOnlyOverEnabledTabs()
     } else {
         QCOMPARE(tabs.currentIndex(), 0);
     }
-}
-
-void tst_OutputWindow::tabMenuPutsClearBeforeLastEntry()
-{
-    OutputTab tab;
-    std::unique_ptr<QMenu> empty(tab.createContextMenu());
-    const QList<QAction *> actions = empty->actions();
-    QVERIFY(actions.size() >= 3);
-    QAction *clear = actions.at(actions.size() - 3);
-    QCOMPARE(clear->text(), QStringLiteral("Clear"));
-    QCOMPARE(clear->statusTip(), QStringLiteral("Clear the content of this output tab"));
-    QVERIFY(actions.at(actions.size() - 2)->isSeparator());
-    QVERIFY(!actions.last()->isSeparator());
-    QVERIFY(!clear->isEnabled());
-
-    tab.output(QStringLiteral("line"));
-    std::unique_ptr<QMenu> full(tab.createContextMenu());
-    QAction *enabled = full->actions().at(full->actions().size() - 3);
-    QVERIFY(enabled->isEnabled());
-    enabled->trigger();
-    QVERIFY(tab.document()->isEmpty());
 }
 
 VELMORA_TEST(tst_OutputWindow);
