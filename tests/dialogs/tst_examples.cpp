@@ -1,6 +1,6 @@
 #include "testsupport.h"
-#include "scratchfiles.h"
 #include "scriptedprompts.h"
+#include "testtypes.h"
 
 #include "dialogs/exampledialog.h"
 
@@ -33,14 +33,15 @@ QByteArray meta(const QByteArray &category, const QByteArray &open = "demo.qprj"
 // An example folder with its project and, when asked, a small picture.
 void writeExample(const QString &folder, const QByteArray &metaText, bool withPicture = false)
 {
-    writeFile(folder + u"/demo.qprj"_s, "<project/>");
-    writeFile(folder + u"/data/input.csv"_s, "1,2\n");
+    QVERIFY(QDir().mkpath(folder + u"/data"_s));
+    QVERIFY(writeFile(folder + u"/demo.qprj"_s, "<project/>"));
+    QVERIFY(writeFile(folder + u"/data/input.csv"_s, "1,2\n"));
     if (withPicture) {
         QImage image(40, 30, QImage::Format_RGB32);
         image.fill(Qt::darkCyan);
         QVERIFY(image.save(folder + u"/picture.png"_s));
     }
-    writeFile(folder + u"/meta.ini"_s, metaText);
+    QVERIFY(writeFile(folder + u"/meta.ini"_s, metaText));
 }
 
 } // namespace
@@ -108,8 +109,8 @@ void tst_ExampleDialog::refusedFolders()
     QFETCH(QByteArray, metaText);
     QFETCH(QString, reason);
     const QString folder = m_dir->filePath(u"examples/bad"_s);
-    writeFile(m_dir->filePath(u"examples/outside.qprj"_s), "<project/>");
     writeExample(folder, metaText);
+    QVERIFY(writeFile(m_dir->filePath(u"examples/outside.qprj"_s), "<project/>"));
     QVERIFY(QFile::link(m_dir->filePath(u"examples/outside.qprj"_s), folder + u"/link.qprj"_s));
     if (metaText.isEmpty())
         QFile::remove(folder + u"/meta.ini"_s);

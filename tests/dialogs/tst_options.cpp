@@ -175,13 +175,6 @@ void tst_OptionsDialog::generalPagePersistsAndCancelDiscards()
     dialog.show();
     QVERIFY(reopen->isChecked());
     QCOMPARE(language->currentData().toString(), u"zh_CN"_s);
-
-    OptionsDialog other;
-    other.setSettings(m_settings.get());
-    auto *restored = new OptionPageGeneral;
-    other.registerOptionPage(OptionPageGeneral::topItem(), restored);
-    other.show();
-    QVERIFY(!restored->findChild<QCheckBox *>(u"ShowQuickStart"_s)->isChecked());
 }
 
 void tst_OptionsDialog::refusingPageKeepsDialogOpen()

@@ -80,7 +80,6 @@ void tst_DockContainer::viewsAnswerTheirIndex()
     QFETCH(QString, warning);
     auto *first = new QLabel;
     auto *second = new QLabel;
-    auto *third = new QLabel;
     if (!warning.isEmpty()) {
         for (const char *operation : {"addView", "tabifyView"})
             QTest::ignoreMessage(QtWarningMsg, qPrintable(QStringLiteral("DockContainer::%1(): %2")
@@ -90,9 +89,9 @@ void tst_DockContainer::viewsAnswerTheirIndex()
         QVERIFY(!first->parent() && !second->parent());
         delete first;
         delete second;
-        delete third;
         return;
     }
+    auto *third = new QLabel;
     QCOMPARE(m_docks->addView(partition, first, QStringLiteral("Projects")), 0);
     QCOMPARE(m_docks->tabifyView(partition, second, QStringLiteral("Outline")), 1);
     QCOMPARE(m_docks->addView(partition, third, QStringLiteral("Property")), 2);

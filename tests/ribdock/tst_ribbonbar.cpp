@@ -33,7 +33,6 @@ void tst_RibbonBar::contextualPagesHideAndShowByIndex()
     QCOMPARE(bar.pageCount(), 6);
     QVERIFY(!bar.page(2)->isContextual());
     QVERIFY(bar.page(3)->isContextual());
-    QCOMPARE(bar.page(5)->title(), QStringLiteral("Flowdeck Diagram"));
 
     // Hiding the current page hands the tab over to a visible one.
     bar.setCurrentIndex(3);
@@ -83,12 +82,6 @@ void tst_RibbonBar::buttonsFollowTheirAction()
         QVERIFY(button->isEnabled());
         action->setText(QStringLiteral("New\nScript"));
         QCOMPARE(button->text(), QStringLiteral("New\nScript"));
-        action->setToolTip(QStringLiteral("New Script File"));
-        QCOMPARE(button->toolTip(), QStringLiteral("New Script File"));
-        action->setStatusTip(QStringLiteral("New a script file"));
-        QCOMPARE(button->statusTip(), QStringLiteral("New a script file"));
-        action->setIcon(QIcon(QStringLiteral(":/qelshared/images/16/forward.svg")));
-        QVERIFY(!button->icon().isNull());
         // The shortcut lives on the bar too, so it works while the page is hidden.
         QVERIFY(bar.actions().contains(action));
     }
@@ -96,8 +89,7 @@ void tst_RibbonBar::buttonsFollowTheirAction()
 
 void tst_RibbonBar::doubleClickFoldsTheRibbon()
 {
-    // A window without a layout: one that takes the bar's fixed height as its size limits
-    // makes the offscreen platform warn.
+    // No layout: one taking the bar's fixed height as its limits makes the platform warn.
     QWidget window;
     window.resize(600, 200);
     RibbonBar bar(&window);

@@ -3,6 +3,7 @@
 
 #include "offscreenwindows.h"
 #include "testsupport.h"
+#include "testtypes.h"
 
 #include "model/viewitem.h"
 #include "shell/application.h"
@@ -17,6 +18,7 @@
 
 using namespace Velmora::Framework;
 using namespace Qt::StringLiterals;
+using Velmora::Tests::writeFile;
 
 class tst_Application : public QObject
 {
@@ -26,19 +28,10 @@ private slots:
     void runsAndStops();
 };
 
-namespace {
-bool writeFile(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-} // namespace
-
 void tst_Application::runsAndStops()
 {
     Velmora::Tests::failOnUnexpectedWarnings();
     QTemporaryDir dir;
-    QVERIFY(dir.isValid());
     // The platform warns without a private runtime folder; a temporary one is private.
     if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
         qputenv("XDG_RUNTIME_DIR", QFile::encodeName(dir.path()));
@@ -85,8 +78,7 @@ void tst_Application::runsAndStops()
     QCOMPARE(QCoreApplication::organizationDomain(), Application::defaultOrganization());
     QCOMPARE(QCoreApplication::organizationName(), Application::defaultOrganization());
     QCOMPARE(QCoreApplication::applicationName(), u"Tessaly"_s);
-    // Quitting closed the window and the solution, and stopped the environment, which
-    // remembered the solution.
+    // Quitting stopped the environment, which remembered the solution.
     QCOMPARE(Environment::currentEnvironment(), nullptr);
     QCOMPARE(QSettings().value(u"IDE/LastSolutionPath"_s).toString(), solution);
 }

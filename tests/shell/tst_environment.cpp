@@ -134,10 +134,8 @@ private slots:
     void hubAnswersByIdentifier();
     void ribbonActions_data();
     void ribbonActions();
-    void ribbonPages();
     void unloadWithdrawsContributions();
     void aggregatablesAndDocks();
-    void shellWarningsCanBeSilenced();
     void projectRules();
     void commandStackFollowsTheFocus();
     void startStopAndSettings();
@@ -190,13 +188,31 @@ void tst_Environment::hubAnswersByIdentifier()
              m_environment->solutionItem()->getType());
     QCOMPARE(service<ISolution>(*m_environment)->solutionItem(), m_environment->solutionItem());
     QCOMPARE(service<IAddressBar>(*m_environment)->addressBar()->suffixes(), QStringList{u"qprj"_s});
-    auto *status = interfaceCast<IStatusBar>(hub);
-    QCOMPARE(status->statusBar(), m_environment->mainWindow()->statusBar());
+    QCOMPARE(service<IStatusBar>(*m_environment)->statusBar(), m_environment->mainWindow()->statusBar());
 
     // Help is made when first asked for, and says then that its collection is missing.
     QTest::ignoreMessage(QtWarningMsg,
                          QRegularExpression(u"^Assistant: the help collection .* is missing$"_s));
     QVERIFY(!service<IAssistant>(*m_environment)->showAssistant(u"index"_s));
+
+    // The ribbon's pages: the contextual ones start hidden.
+    Velmora::Ribdock::RibbonBar *ribbon = service<IRibbonBar>(*m_environment)->ribbonBar();
+    QStringList titles;
+    for (int index = 0; index < ribbon->pageCount(); ++index)
+        titles.append(ribbon->page(index)->title());
+    QCOMPARE(titles, (QStringList{u"Main"_s, u"Plot"_s, u"App"_s, u"Tidekit Script"_s,
+                                  u"Tidekit Variant"_s, u"Flowdeck Diagram"_s}));
+    for (int index = 0; index < ribbon->pageCount(); ++index)
+        QCOMPARE(ribbon->isPageVisible(index), index < 3);
+    QStringList groups;
+    for (const Velmora::Ribdock::RibbonGroup *group : ribbon->page(0)->groups())
+        groups.append(group->title());
+    QCOMPARE(groups, (QStringList{u"File"_s, u"Variant"_s, u"Environment"_s, u"ResourceGroup"_s}));
+
+    // The New and Open menus' "Project" items run the project commands.
+    QCOMPARE(m_environment->fineMenu(Environment::NewMenu)->actions(),
+             QList<QAction *>{m_environment->findAction(Environment::NewProjectAction)});
+    QVERIFY(m_environment->fineMenu(Environment::LayoutMenu));
 }
 
 void tst_Environment::ribbonActions_data()
@@ -235,34 +251,12 @@ void tst_Environment::ribbonActions()
 {
     QFETCH(int, id);
     QAction *action = m_environment->findAction(id);
-    QVERIFY(action);
     QTEST(action->text(), "text");
     QTEST(action->statusTip(), "statusTip");
     QTEST(action->toolTip(), "toolTip");
     QTEST(action->shortcut().toString(), "shortcut");
     QCOMPARE(service<IRibbonBar>(*m_environment)->findAction(id), action);
     QCOMPARE(m_environment->findAction(Environment::ActionCount), nullptr);
-}
-
-void tst_Environment::ribbonPages()
-{
-    Velmora::Ribdock::RibbonBar *ribbon = service<IRibbonBar>(*m_environment)->ribbonBar();
-    QStringList titles;
-    for (int index = 0; index < ribbon->pageCount(); ++index)
-        titles.append(ribbon->page(index)->title());
-    QCOMPARE(titles, (QStringList{u"Main"_s, u"Plot"_s, u"App"_s, u"Tidekit Script"_s,
-                                  u"Tidekit Variant"_s, u"Flowdeck Diagram"_s}));
-    for (int index = 0; index < ribbon->pageCount(); ++index)
-        QCOMPARE(ribbon->isPageVisible(index), index < 3);
-    QStringList groups;
-    for (const Velmora::Ribdock::RibbonGroup *group : ribbon->page(0)->groups())
-        groups.append(group->title());
-    QCOMPARE(groups, (QStringList{u"File"_s, u"Variant"_s, u"Environment"_s, u"ResourceGroup"_s}));
-
-    // The New and Open menus' "Project" items run the project commands.
-    QCOMPARE(m_environment->fineMenu(Environment::NewMenu)->actions(),
-             QList<QAction *>{m_environment->findAction(Environment::NewProjectAction)});
-    QVERIFY(m_environment->fineMenu(Environment::LayoutMenu));
 }
 
 void tst_Environment::unloadWithdrawsContributions()
@@ -317,6 +311,7 @@ void tst_Environment::aggregatablesAndDocks()
     QVERIFY(docks->addView(Qt::RightDockWidgetArea, view, u"Right"_s, QIcon()) >= 0);
 
     // Without an environment the list is missing, and both calls say so.
+    VELMORA_SKIP_IF_MESSAGES_RESHAPED();
     Facilities orphan(nullptr);
     auto *orphanRegistrar = interfaceCast<IAggregatableRegistrar>(&orphan);
     QTest::ignoreMessage(QtWarningMsg,
@@ -326,18 +321,11 @@ void tst_Environment::aggregatablesAndDocks()
                          "Facilities::registerAggregatable() : empty aggregatabel list pointer");
     orphanRegistrar->unregisterAggregatable(&first);
     QCOMPARE(interfaceCast<IDockContainer>(&orphan)->addView(1, nullptr, QString(), QIcon()), -1);
-}
 
-void tst_Environment::shellWarningsCanBeSilenced()
-{
-    // The variable would outrank the rules set here.
-    VELMORA_SKIP_IF_MESSAGES_RESHAPED();
+    // The shell's warnings can be silenced; unpinned, failOnWarning fails a warning that is not.
     QLoggingCategory::setFilterRules(u"velmora.framework.shell.warning=false"_s);
     const auto restore = qScopeGuard([] { QLoggingCategory::setFilterRules(QString()); });
-    // Unpinned: failOnWarning fails the test if the warning still gets through.
-    Facilities orphan(nullptr);
-    DefaultAggregatable aggregatable;
-    interfaceCast<IAggregatableRegistrar>(&orphan)->registerAggregatable(&aggregatable);
+    orphanRegistrar->registerAggregatable(&first);
 }
 
 void tst_Environment::projectRules()

@@ -31,7 +31,6 @@ void tst_LogoInfo::init()
 {
     Velmora::Tests::failOnUnexpectedWarnings();
     m_dir = std::make_unique<QTemporaryDir>();
-    QVERIFY(m_dir->isValid());
 }
 
 QString tst_LogoInfo::write(const QString &name, const QByteArray &content)
@@ -127,7 +126,6 @@ void tst_LogoInfo::badLayouts()
 void tst_LogoInfo::validityAndText()
 {
     LogoInfo logo;
-    QCOMPARE(logo.getVersion(), u"0.0.0"_s);
     QVERIFY(!logo.isValid());
     logo.setLogoImagePath(m_dir->filePath(u"none.png"_s));
     QVERIFY(!logo.isValid());

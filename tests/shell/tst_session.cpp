@@ -6,6 +6,7 @@
 #include "offscreenwindows.h"
 #include "scriptedprompts.h"
 #include "testsupport.h"
+#include "testtypes.h"
 
 #include "core/typeregistrar.h"
 #include "dialogs/quickstartwindow.h"
@@ -32,35 +33,17 @@
 
 using namespace Velmora::Framework;
 using namespace Qt::StringLiterals;
+using Velmora::Tests::readFile;
 
 namespace {
 
-// Shared by both phases: the build folder's session folder holds the project, the solution
-// and the settings between the two processes.
+// Kept between the two processes: the project, the solution and the settings.
 const QString sessionDir = QStringLiteral(VELMORA_SESSION_DIR);
 const QString projectFile = sessionDir + u"/work/Notes.qprj"_s;
 const QString planFile = sessionDir + u"/work/Papers/Plan.txt"_s;
-// The tree as the project view shows it: name(children...).
-const QString expectedTree = u"Solution(Notes(Papers(Plan),Todo))"_s;
+// The solution's tree; the solution item itself has no name.
+const QString expectedTree = u"[Notes[Papers[Plan],Todo]]"_s;
 const QByteArray typed = "Hello";
-
-QString treeOf(const QAbstractItemModel *model, const QModelIndex &parent)
-{
-    QStringList rows;
-    for (int row = 0; row < model->rowCount(parent); ++row) {
-        const QModelIndex index = model->index(row, 0, parent);
-        const QString children = treeOf(model, index);
-        rows.append(index.data().toString()
-                    + (children.isEmpty() ? QString() : u'(' + children + u')'));
-    }
-    return rows.join(u',');
-}
-
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
-}
 
 } // namespace
 
@@ -73,8 +56,7 @@ private slots:
     void reopen();
 
 private:
-    // Runs the workbench with a file argument (or none), playing session once its window is
-    // up.
+    // Runs the workbench with a file argument (or none), playing session once its window is up.
     void runWorkbench(const QString &argument, void (tst_Session::*session)());
     void play(void (tst_Session::*session)());
     void createSession();
@@ -102,7 +84,6 @@ void tst_Session::runWorkbench(const QString &argument, void (tst_Session::*sess
 {
     Velmora::Tests::failOnUnexpectedWarnings();
     QTemporaryDir runtime;
-    QVERIFY(runtime.isValid());
     // The platform warns without a private runtime folder; a temporary one is private.
     qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtime.path()));
     qputenv("HOME", QFile::encodeName(sessionDir + u"/home"_s));
@@ -139,8 +120,7 @@ void tst_Session::play(void (tst_Session::*session)())
         quickStart->close();
     window->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(window));
-    // The offscreen screen is small and squeezes the project tree: the user enlarges the
-    // window and lays the docks out again, so that the rows can be clicked.
+    // The offscreen screen squeezes the project tree: enlarge and lay the docks out again.
     window->resize(1280, 800);
     ribbonMenu(Environment::LayoutAction, u"Restore Default Layout"_s);
     QTRY_VERIFY(m_view->viewport()->width() > 200);
@@ -155,7 +135,7 @@ void tst_Session::create()
     if (QTest::currentTestFailed())
         return;
     QVERIFY(QFileInfo::exists(projectFile));
-    QCOMPARE(bytesOf(planFile), typed);
+    QCOMPARE(readFile(planFile), typed);
 }
 
 void tst_Session::reopen()
@@ -163,8 +143,8 @@ void tst_Session::reopen()
     if (!QFileInfo::exists(projectFile))
         QSKIP("Runs after create, in a process of its own");
     runWorkbench(projectFile, &tst_Session::reopenSession);
-    QCOMPARE(bytesOf(planFile), typed);
-    QCOMPARE(bytesOf(sessionDir + u"/work/Todo.txt"_s), QByteArray());
+    QCOMPARE(readFile(planFile), typed);
+    QCOMPARE(readFile(sessionDir + u"/work/Todo.txt"_s), QByteArray());
 }
 
 void tst_Session::createSession()
@@ -205,8 +185,7 @@ void tst_Session::createSession()
     contextMenu(find(u"Notes/Docs"_s), u"Add New Item..."_s);
     QTRY_VERIFY(find(u"Notes/Docs/Plan"_s).isValid());
 
-    // Save the new file from its menu, then rename it in place: the delegate's editor takes
-    // the new name, and the file follows.
+    // Save the new file from its menu, then rename it in place: the file follows the name.
     contextMenu(find(u"Notes/Readme"_s), u"Save 'Readme'"_s);
     QTRY_VERIFY(QFileInfo::exists(sessionDir + u"/work/Readme.txt"_s));
     contextMenu(find(u"Notes/Readme"_s), u"Rename"_s);
@@ -238,7 +217,7 @@ void tst_Session::createSession()
     QTest::mouseClick(redo, Qt::LeftButton);
     QCOMPARE(editor->toPlainText().toUtf8(), typed);
     QTest::keyClick(editor, Qt::Key_S, Qt::ControlModifier);
-    QCOMPARE(bytesOf(sessionDir + u"/work/Docs/Plan.txt"_s), typed);
+    QCOMPARE(readFile(sessionDir + u"/work/Docs/Plan.txt"_s), typed);
     QCOMPARE(editor->document()->isModified(), false);
 
     // F2 renames through the rename dialog; the folder moves with the file inside.
@@ -248,18 +227,18 @@ void tst_Session::createSession()
     m_name = u"Papers"_s;
     QTest::keyClick(m_view, Qt::Key_F2);
     QTRY_VERIFY(find(u"Notes/Papers/Plan"_s).isValid());
-    QCOMPARE(bytesOf(planFile), typed);
+    QCOMPARE(readFile(planFile), typed);
 
     // Closing the window drops what is unsaved: the user saves the project first.
     contextMenu(find(u"Notes"_s), u"Save 'Notes'"_s);
     QTRY_VERIFY(QFileInfo::exists(projectFile));
-    QCOMPARE(treeOf(m_view->model(), QModelIndex()), expectedTree);
+    QCOMPARE(Velmora::Tests::outline(m_environment->solutionItem()), expectedTree);
     QVERIFY(m_environment->mainWindow()->close());
 }
 
 void tst_Session::reopenSession()
 {
-    QTRY_COMPARE(treeOf(m_view->model(), QModelIndex()), expectedTree);
+    QTRY_COMPARE(Velmora::Tests::outline(m_environment->solutionItem()), expectedTree);
     // The reopened file shows what was saved.
     doubleClick(find(u"Notes/Papers/Plan"_s));
     QPlainTextEdit *editor = nullptr;

@@ -67,7 +67,6 @@ private Q_SLOTS:
     void viewsKeepTheirIndexWhileHidden();
     void frontPageAsksForProjects();
     void itemOpensOnceInItsEditor();
-    void disposeDeletesEveryView();
     void recentSolutionsAreKeptNewestFirst();
 
 private:
@@ -117,6 +116,15 @@ void tst_MultipleWindow::viewsKeepTheirIndexWhileHidden()
     delete c; // deleted elsewhere: the list closes up
     QCOMPARE(window.viewCount(), 1);
     QCOMPARE(window.view(0), a);
+
+    // Disposing deletes every view, hidden ones too.
+    QPointer<QWidget> first(a), hidden(new QWidget);
+    window.addView(hidden, QIcon(), QStringLiteral("Hidden"));
+    window.setViewVisible(1, false);
+    window.disposeAllViews();
+    QCOMPARE(window.viewCount(), 0);
+    QCOMPARE(tabs->count(), 0);
+    QTRY_VERIFY(!first && !hidden);
 }
 
 void tst_MultipleWindow::frontPageAsksForProjects()
@@ -191,20 +199,6 @@ void tst_MultipleWindow::itemOpensOnceInItsEditor()
     QVERIFY(!window.editItem(folder.get()));
     QCOMPARE(status.last().first().toString(), QStringLiteral("No editor can open plain"));
     QVERIFY(!window.editItem(nullptr));
-}
-
-void tst_MultipleWindow::disposeDeletesEveryView()
-{
-    MultipleWindow window;
-    QPointer<QWidget> a = new QWidget;
-    QPointer<QWidget> b = new QWidget;
-    window.addView(a, QIcon(), QStringLiteral("A"));
-    window.addView(b, QIcon(), QStringLiteral("B"));
-    window.setViewVisible(1, false);
-    window.disposeAllViews();
-    QCOMPARE(window.viewCount(), 0);
-    QCOMPARE(tabsOf(window)->count(), 0);
-    QTRY_VERIFY(!a && !b);
 }
 
 void tst_MultipleWindow::recentSolutionsAreKeptNewestFirst()

@@ -19,44 +19,16 @@ class tst_OutputWindow : public QObject
 private Q_SLOTS:
     void init() { Velmora::Tests::failOnUnexpectedWarnings(); }
 
-    void startsHiddenWithCloseMenu();
     void knownNameShowsItsFirstTabAgain();
     void closedTabKeepsItsPage();
     void outputAppendsPlainLines();
-    void attributesWaitForHiddenTabs();
     void tabBarMenuOnlyOverEnabledTabs_data();
     void tabBarMenuOnlyOverEnabledTabs();
-    void tabMenuPutsClearBeforeLastEntry();
 };
 
 static QImage imageOf(const QIcon &icon)
 {
     return icon.pixmap(QSize(16, 16)).toImage();
-}
-
-void tst_OutputWindow::startsHiddenWithCloseMenu()
-{
-    OutputWindow window(nullptr);
-    QCOMPARE(window.objectName(), QStringLiteral("MessageLog"));
-    OutputTabWidget *tabs = window.tabWidget();
-    QVERIFY(tabs && !tabs->parent());
-    QVERIFY(tabs->tabBar()->isHidden());
-    QCOMPARE(tabs->tabPosition(), QTabWidget::South);
-
-    auto *menu = tabs->findChild<QMenu *>();
-    QVERIFY(menu);
-    QCOMPARE(menu->actions().size(), 1);
-    QAction *close = menu->actions().first();
-    QCOMPARE(close->text(), QStringLiteral("&Close Tab"));
-    QCOMPARE(close->toolTip(), QStringLiteral("Close Tab"));
-    QCOMPARE(close->statusTip(), QStringLiteral("Close the output tab"));
-
-    window.addTab(QStringLiteral("a"), QStringLiteral("A"), nullptr);
-    window.addTab(QStringLiteral("b"), QStringLiteral("B"), nullptr);
-    tabs->setCurrentIndex(0);
-    close->trigger();
-    QCOMPARE(window.findTab(QStringLiteral("a")), -1);
-    QCOMPARE(window.findTab(QStringLiteral("b")), 0);
 }
 
 void tst_OutputWindow::knownNameShowsItsFirstTabAgain()
@@ -89,24 +61,48 @@ void tst_OutputWindow::knownNameShowsItsFirstTabAgain()
 void tst_OutputWindow::closedTabKeepsItsPage()
 {
     OutputWindow window(nullptr);
-    window.addTab(QStringLiteral("a"), QStringLiteral("A"), nullptr);
-    window.addTab(QStringLiteral("b"), QStringLiteral("B"), nullptr);
-    QWidget *page = window.widgetOf(QStringLiteral("a"));
+    QCOMPARE(window.objectName(), QStringLiteral("MessageLog"));
+    OutputTabWidget *tabs = window.tabWidget();
+    QVERIFY(!tabs->parent() && tabs->tabBar()->isHidden());
+    QCOMPARE(tabs->tabPosition(), QTabWidget::South);
+    const QList<QAction *> menu = tabs->findChild<QMenu *>()->actions();
+    QCOMPARE(menu.size(), 1);
+    QAction *close = menu.first();
+    QCOMPARE(close->text(), QStringLiteral("&Close Tab"));
+    QCOMPARE(close->toolTip(), QStringLiteral("Close Tab"));
+    QCOMPARE(close->statusTip(), QStringLiteral("Close the output tab"));
 
-    window.removeTab(QStringLiteral("a"));
+    for (const char *name : {"a", "b", "c"})
+        window.addTab(QString::fromLatin1(name), QString::fromLatin1(name), nullptr);
+    QWidget *page = window.widgetOf(QStringLiteral("a"));
+    window.setTabToolTip(QStringLiteral("a"), QStringLiteral("shown"));
+    QCOMPARE(tabs->tabToolTip(0), QStringLiteral("shown"));
+
+    // The tab menu closes the current tab; closing is by name too.
+    tabs->setCurrentIndex(0);
+    close->trigger();
     QCOMPARE(window.findTab(QStringLiteral("a")), -1);
     QCOMPARE(window.widgetOf(QStringLiteral("a")), page);
+    window.removeTab(QStringLiteral("b"));
+    QCOMPARE(window.findTab(QStringLiteral("c")), 0);
+    // Set while the tab is closed, shown when it opens again.
+    QPixmap red(16, 16);
+    red.fill(Qt::red);
+    window.setTabIcon(QStringLiteral("a"), QIcon(red));
+    window.setTabToolTip(QStringLiteral("a"), QStringLiteral("later"));
     window.closeTab(7); // out of range: nothing
-    QCOMPARE(window.tabWidget()->count(), 1);
+    QCOMPARE(tabs->count(), 1);
 
     window.removeAllTabs();
-    QCOMPARE(window.tabWidget()->count(), 0);
-    QVERIFY(window.tabWidget()->tabBar()->isHidden());
+    QCOMPARE(tabs->count(), 0);
+    QVERIFY(tabs->tabBar()->isHidden());
     QCOMPARE(window.activeTab(), QString());
 
     QVERIFY(window.showTab(QStringLiteral("a")));
     QCOMPARE(window.findTab(QStringLiteral("a")), 0);
     QCOMPARE(window.activeTab(), QStringLiteral("a"));
+    QCOMPARE(tabs->tabToolTip(0), QStringLiteral("later"));
+    QCOMPARE(imageOf(tabs->tabIcon(0)), red.toImage());
     for (const QString &unknown : {QString(), QStringLiteral("nope")}) {
         QVERIFY(!window.showTab(unknown));
         QCOMPARE(window.findTab(unknown), -1);
@@ -125,6 +121,17 @@ void tst_OutputWindow::outputAppendsPlainLines()
     QVERIFY(page && page->isReadOnly());
     QCOMPARE(page->sizeHint(), QSize(100, 100));
 
+    // The tab's own menu puts Clear before its last entry, enabled once there is text.
+    std::unique_ptr<QMenu> empty(page->createContextMenu());
+    const QList<QAction *> actions = empty->actions();
+    QVERIFY(actions.size() >= 3);
+    QAction *clear = actions.at(actions.size() - 3);
+    QCOMPARE(clear->text(), QStringLiteral("Clear"));
+    QCOMPARE(clear->statusTip(), QStringLiteral("Clear the content of this output tab"));
+    QVERIFY(actions.at(actions.size() - 2)->isSeparator());
+    QVERIFY(!actions.last()->isSeparator());
+    QVERIFY(!clear->isEnabled());
+
     window.output(QStringLiteral("log"), QStringLiteral("one"));
     window.output(QStringLiteral("log"), QString());
     window.output(QStringLiteral("log"), QStringLiteral("<b>two</b>"));
@@ -133,31 +140,19 @@ void tst_OutputWindow::outputAppendsPlainLines()
     QCOMPARE(page->toPlainText(), QStringLiteral("one\n<b>two</b>"));
     QCOMPARE(page->textCursor().position(), page->document()->characterCount() - 1);
     QVERIFY(custom->toPlainText().isEmpty());
+    std::unique_ptr<QMenu> full(page->createContextMenu());
+    QAction *enabled = full->actions().at(full->actions().size() - 3);
+    QVERIFY(enabled->isEnabled());
+    enabled->trigger();
+    QVERIFY(page->document()->isEmpty());
 
+    window.output(QStringLiteral("log"), QStringLiteral("three"));
+    QCOMPARE(page->toPlainText(), QStringLiteral("three"));
     custom->setPlainText(QStringLiteral("kept"));
     window.clearTab(QStringLiteral("custom"));
     window.clearTab(QStringLiteral("log"));
     QVERIFY(page->document()->isEmpty());
     QCOMPARE(custom->toPlainText(), QStringLiteral("kept"));
-    window.output(QStringLiteral("log"), QStringLiteral("three"));
-    QCOMPARE(page->toPlainText(), QStringLiteral("three"));
-}
-
-void tst_OutputWindow::attributesWaitForHiddenTabs()
-{
-    OutputWindow window(nullptr);
-    window.addTab(QStringLiteral("a"), QStringLiteral("A"), nullptr);
-    window.setTabToolTip(QStringLiteral("a"), QStringLiteral("shown"));
-    QCOMPARE(window.tabWidget()->tabToolTip(0), QStringLiteral("shown"));
-
-    window.removeTab(QStringLiteral("a"));
-    QPixmap red(16, 16);
-    red.fill(Qt::red);
-    window.setTabIcon(QStringLiteral("a"), QIcon(red));
-    window.setTabToolTip(QStringLiteral("a"), QStringLiteral("later"));
-    QVERIFY(window.showTab(QStringLiteral("a")));
-    QCOMPARE(window.tabWidget()->tabToolTip(0), QStringLiteral("later"));
-    QCOMPARE(imageOf(window.tabWidget()->tabIcon(0)), red.toImage());
 }
 
 void tst_OutputWindow::tabBarMenuOnlyOverEnabledTabs_data()
@@ -203,28 +198,6 @@ void tst_OutputWindow::tabBarMenuOnlyOverEnabledTabs()
     } else {
         QCOMPARE(tabs.currentIndex(), 0);
     }
-}
-
-void tst_OutputWindow::tabMenuPutsClearBeforeLastEntry()
-{
-    OutputTab tab;
-    std::unique_ptr<QMenu> empty(tab.createContextMenu());
-    const QList<QAction *> actions = empty->actions();
-    QVERIFY(actions.size() >= 3);
-    QAction *clear = actions.at(actions.size() - 3);
-    QCOMPARE(clear->text(), QStringLiteral("Clear"));
-    QCOMPARE(clear->toolTip(), QStringLiteral("Clear"));
-    QCOMPARE(clear->statusTip(), QStringLiteral("Clear the content of this output tab"));
-    QVERIFY(actions.at(actions.size() - 2)->isSeparator());
-    QVERIFY(!actions.last()->isSeparator());
-    QVERIFY(!clear->isEnabled());
-
-    tab.output(QStringLiteral("line"));
-    std::unique_ptr<QMenu> full(tab.createContextMenu());
-    QAction *enabled = full->actions().at(full->actions().size() - 3);
-    QVERIFY(enabled->isEnabled());
-    enabled->trigger();
-    QVERIFY(tab.document()->isEmpty());
 }
 
 VELMORA_TEST(tst_OutputWindow);
