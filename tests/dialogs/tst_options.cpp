@@ -149,7 +149,10 @@ void tst_OptionsDialog::generalPagePersistsAndCancelDiscards()
     auto *reopen = page->findChild<QCheckBox *>(u"ReopenLastSolution"_s);
     auto *apply = dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Apply);
 
+    // A hidden dialog leaves its pages unshown (unpolished, not laid out) until it is shown.
+    QVERIFY(!page->isVisibleTo(&dialog));
     dialog.show();
+    QVERIFY(page->isVisible());
     QCOMPARE(language->currentData().toString(), u"en"_s);
     QVERIFY(quickStart->isChecked());
     QVERIFY(!reopen->isChecked());
@@ -191,6 +194,7 @@ void tst_OptionsDialog::refusingPageKeepsDialogOpen()
     dialog.accept();
     QVERIFY(dialog.isVisible());
     QCOMPARE(dialog.currentPage(), second);
+    QVERIFY(second->isVisible() && !first->isVisible());
 
     second->refuse = false;
     dialog.accept();

@@ -117,6 +117,7 @@ void tst_AddressBar::fileOpenOnlyForRegisteredSuffixes()
     m_bar->addSuffix(QStringLiteral("qprj"));
     m_bar->addSuffix(QStringLiteral(".qprj"));
     QCOMPARE(m_bar->suffixes(), QStringList{QStringLiteral("qprj")});
+    QVERIFY(!m_bar->findChild<QFileSystemModel *>()); // made when the list is first opened
     QTreeView *tree = m_bar->treeView();
     auto *model = qobject_cast<QFileSystemModel *>(tree->model());
     QSignalSpy opened(m_bar.get(), &AddressBar::signalFileOpen);
