@@ -137,6 +137,14 @@ void tst_LogoInfo::validityAndText()
     logo.setLogoImagePath(png);
     QVERIFY(logo.isValid());
     QCOMPARE(logo.getSplashImage().size(), QSize(8, 4));
+    // The layout's "splash" picture is the about box's, read when first asked for; a layout
+    // without one leaves none of the previous layout's behind.
+    image = image.scaled(6, 3);
+    QVERIFY(image.save(m_dir->filePath(u"about.png"_s)));
+    logo.setLogoConfigPath(write(u"pictures.xml"_s, R"(<aboutlayout image="logo.png" splash="about.png"/>)"));
+    QCOMPARE(logo.getSecondImage().size(), QSize(6, 3));
+    logo.setLogoConfigPath(write(u"nosecond.xml"_s, R"(<aboutlayout image="logo.png"/>)"));
+    QVERIFY(logo.getSecondImage().isNull());
 
     // The name is replaced unconditionally, so an already suffixed name gains a second suffix.
     logo.setVersion(u"2.0"_s);
