@@ -7,7 +7,6 @@
 #include "core/augmentableregistrar.h"
 #include "core/defaultfileaugmentable.h"
 #include "core/identifiers.h"
-#include "model/ordereditem.h"
 #include "types/itemtypesolution.h"
 #include "types/typecompanionfile.h"
 #include "types/typecompaniongeneric.h"
