@@ -87,7 +87,6 @@ void tst_ItemActions::availabilityAndState_data()
     QTest::newRow("rename a mandatory child") << u"rename"_s << QStringList{u"keep"_s} << true
                                               << false;
     QTest::newRow("rename two") << u"rename"_s << QStringList{u"L"_s, u"D"_s} << true << false;
-    QTest::newRow("save a file") << u"save"_s << QStringList{u"D"_s} << true << true;
     QTest::newRow("save a file and a folder") << u"save"_s << QStringList{u"D"_s, u"F"_s}
                                               << false << false;
     QTest::newRow("save an open-only file") << u"save"_s << QStringList{u"O"_s} << true << false;
