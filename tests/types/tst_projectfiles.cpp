@@ -215,7 +215,6 @@ void tst_ProjectFiles::readersRefuseOrSkipBadInput_data()
         true, u"P[a]"_s);
     row("project: malformed", doc("<item typeid=\"example.file\" name=\"a\">"), false, u"orig"_s);
     row("project: empty file", QByteArray(), false, u"orig"_s);
-    row("project: truncated", projectBytes.left(projectBytes.size() / 2), false, u"orig"_s);
     row("project: non-UTF-8", doc("<item typeid=\"example.file\" name=\"\xff\xfe\"/>"), false,
         u"orig"_s);
     row("project: 513 levels refused",
@@ -284,7 +283,6 @@ void tst_ProjectFiles::readersRefuseOrSkipBadInput_data()
             + entry("example.project", "./broken.qprj") + q),
         true, u"S[Q]"_s);
     row("solution: malformed", "<solution name=\"S\">" + q, false, u"orig"_s);
-    row("solution: non-UTF-8", "<solution name=\"\xc3\">" + q + "</solution>", false, u"orig"_s);
     row("solution: deep nesting refused",
         sln(QByteArray("<project typeid=\"example.project\" name=\"x\" path=\"./q.qprj\">")
                 .repeated(100000) + QByteArray("</project>").repeated(100000)),
@@ -476,7 +474,6 @@ void tst_ProjectFiles::solutionRelativePath_data()
     QTest::addColumn<QString>("path"); // of a project under a solution in /w/sol
     QTest::addColumn<QString>("written");
 
-    QTest::newRow("directly in") << u"/w/sol/p1.x"_s << u"./p1.x"_s;
     QTest::newRow("other case") << u"/W/Sol/p1/p1.x"_s << u"./p1/p1.x"_s;
     QTest::newRow("base in the middle") << u"/x/w/sol/p1.x"_s << u"./x/p1.x"_s;
     QTest::newRow("empty") << QString() << QString();
