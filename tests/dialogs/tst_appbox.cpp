@@ -53,7 +53,11 @@ class tst_AppBox : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
+    void init()
+    {
+        Velmora::Tests::failOnUnexpectedWarnings();
+        m_dir = std::make_unique<QTemporaryDir>();
+    }
     void cleanup() { m_dir.reset(); }
     void installWritesAndStarts();
     void unreachableEntryHiddenButKept();
@@ -66,12 +70,6 @@ private:
     std::unique_ptr<QTemporaryDir> m_dir;
     QString customFile() const { return m_dir->filePath(u"customApp.xml"_s); }
 };
-
-void tst_AppBox::init()
-{
-    Velmora::Tests::failOnUnexpectedWarnings();
-    m_dir = std::make_unique<QTemporaryDir>();
-}
 
 void tst_AppBox::installWritesAndStarts()
 {

@@ -51,7 +51,11 @@ class tst_ExampleDialog : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
+    void init()
+    {
+        Velmora::Tests::failOnUnexpectedWarnings();
+        m_dir = std::make_unique<QTemporaryDir>();
+    }
     void cleanup() { m_dir.reset(); }
     void refusedFolders_data();
     void refusedFolders();
@@ -60,12 +64,6 @@ private slots:
 private:
     std::unique_ptr<QTemporaryDir> m_dir;
 };
-
-void tst_ExampleDialog::init()
-{
-    Velmora::Tests::failOnUnexpectedWarnings();
-    m_dir = std::make_unique<QTemporaryDir>();
-}
 
 void tst_ExampleDialog::refusedFolders_data()
 {

@@ -67,8 +67,18 @@ class tst_OptionsDialog : public QObject
 private slots:
     void initTestCase() { m_notices = std::make_unique<Velmora::Tests::OffscreenWindowNotices>(); }
     void cleanupTestCase() { m_notices.reset(); }
-    void init();
-    void cleanup();
+    void init()
+    {
+        Velmora::Tests::failOnUnexpectedWarnings();
+        m_dir = std::make_unique<QTemporaryDir>();
+        m_settings = std::make_unique<QSettings>(m_dir->filePath(u"options.ini"_s),
+                                                 QSettings::IniFormat);
+    }
+    void cleanup()
+    {
+        m_settings.reset();
+        m_dir.reset();
+    }
     void pagesRegisteredAndWithdrawn();
     void generalPagePersistsAndCancelDiscards();
     void refusingPageKeepsDialogOpen();
@@ -79,20 +89,6 @@ private:
     std::unique_ptr<QTemporaryDir> m_dir;
     std::unique_ptr<QSettings> m_settings;
 };
-
-void tst_OptionsDialog::init()
-{
-    Velmora::Tests::failOnUnexpectedWarnings();
-    m_dir = std::make_unique<QTemporaryDir>();
-    m_settings = std::make_unique<QSettings>(m_dir->filePath(u"options.ini"_s),
-                                             QSettings::IniFormat);
-}
-
-void tst_OptionsDialog::cleanup()
-{
-    m_settings.reset();
-    m_dir.reset();
-}
 
 void tst_OptionsDialog::pagesRegisteredAndWithdrawn()
 {

@@ -38,31 +38,6 @@ Interface *service(Environment &environment)
     return interfaceCast<Interface>(environment.facilities());
 }
 
-// Counts a debug line, for what must happen exactly once.
-class LineCounter
-{
-public:
-    explicit LineCounter(const QString &line)
-    {
-        s_line = line;
-        s_count = 0;
-        s_previous = qInstallMessageHandler(&handle);
-    }
-    ~LineCounter() { qInstallMessageHandler(s_previous); }
-    int count() const { return s_count; }
-
-private:
-    static void handle(QtMsgType type, const QMessageLogContext &context, const QString &text)
-    {
-        if (text == s_line)
-            ++s_count;
-        s_previous(type, context, text);
-    }
-    static inline QString s_line;
-    static inline int s_count = 0;
-    static inline QtMessageHandler s_previous = nullptr;
-};
-
 // Every item below parent as "name=path", depth first.
 QStringList paths(ViewItem *parent)
 {
@@ -83,7 +58,11 @@ class tst_TextProvider : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
+    void initTestCase()
+    {
+        QSettings::setDefaultFormat(QSettings::IniFormat);
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
+    }
     void init();
     void cleanup();
     void pathsAndBytesSurviveARoundTrip();
@@ -99,12 +78,6 @@ private:
     std::unique_ptr<Velmora::Tests::OffscreenWindowNotices> m_notices;
     std::unique_ptr<Environment> m_environment;
 };
-
-void tst_TextProvider::initTestCase()
-{
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
-}
 
 void tst_TextProvider::init()
 {
@@ -245,10 +218,10 @@ void tst_TextProvider::shutdownWithdrawsOnce()
     {
         // The type registrar's withdrawal writes one debug line each time it runs.
         QLoggingCategory::setFilterRules(u"*.debug=true"_s);
-        LineCounter deallocations(u"Deallocating..."_s);
+        Velmora::Tests::MessageRecorder messages;
         env.providerManager()->shutdownAll();
         QLoggingCategory::setFilterRules(QString());
-        QCOMPARE(deallocations.count(), 1);
+        QCOMPARE(messages.texts.count(u"Deallocating..."_s), 1);
     }
     QVERIFY(!service<ITypeRegistrar>(env)->isRegistered(u"sample.text"_s));
     QVERIFY(!service<IDataRegistrar>(env)->isRegistered(u"TextProvider/extensions"_s));
