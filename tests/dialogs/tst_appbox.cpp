@@ -16,9 +16,7 @@
 
 using namespace Velmora::Framework;
 using namespace Qt::StringLiterals;
-using Velmora::Tests::ScriptedPrompts;
-using Velmora::Tests::readFile;
-using Velmora::Tests::writeFile;
+using namespace Velmora::Tests;
 
 namespace {
 

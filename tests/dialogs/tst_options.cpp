@@ -149,9 +149,6 @@ void tst_OptionsDialog::generalPagePersistsAndCancelDiscards()
     QVERIFY(!page->isVisibleTo(&dialog));
     dialog.show();
     QVERIFY(page->isVisible());
-    QCOMPARE(language->currentData().toString(), u"en"_s);
-    QVERIFY(quickStart->isChecked());
-    QVERIFY(!reopen->isChecked());
     QVERIFY(!apply->isEnabled());
 
     language->setCurrentIndex(language->findData(u"zh_CN"_s));
