@@ -1,5 +1,6 @@
 #include "testsupport.h"
 #include "offscreenwindows.h"
+#include "testtypes.h"
 
 #include "dialogs/assistant.h"
 #include "dialogs/guidemenu.h"
@@ -123,10 +124,8 @@ void tst_Assistant::missingCollectionStillWorks()
 void tst_Assistant::guideMenuListsPdfs()
 {
     QTemporaryDir help;
-    for (const QString &name : {u"b-guide.pdf"_s, u"a-guide.pdf"_s, u"notes.txt"_s}) {
-        QFile file(help.filePath(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-    }
+    for (const QString &name : {u"b-guide.pdf"_s, u"a-guide.pdf"_s, u"notes.txt"_s})
+        QVERIFY(Velmora::Tests::writeFile(help.filePath(name), QByteArray()));
     QDir(help.path()).mkdir(u"folder.pdf"_s);
     GuideMenu menu(help.path());
     QStringList texts;
