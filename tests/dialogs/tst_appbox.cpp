@@ -71,7 +71,6 @@ private:
 
 void tst_AppBox::installWritesAndStarts()
 {
-    VELMORA_SKIP_IF_MESSAGES_RESHAPED();
     const QString folder = m_dir->filePath(u"fitter"_s);
     writeApp(folder, "Fitter");
     AppBox box(customFile());

@@ -24,7 +24,8 @@ inline void failOnUnexpectedWarnings()
 }
 
 // Keeps the text of every message, debug ones included (failOnWarning sees warnings only), for
-// the recorder's life. Install it inside QtTest's handler, which still sees every message.
+// the recorder's life. Make it in init() or a test function, after QtTest has installed its
+// own handler, which still sees every message.
 class MessageRecorder
 {
 public:
