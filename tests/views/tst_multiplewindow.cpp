@@ -169,7 +169,6 @@ void tst_MultipleWindow::itemOpensOnceInItsEditor()
     QCOMPARE(tabs->currentWidget(), editor);
 
     editor->setWindowModified(true);
-    leaf->setItemName(QStringLiteral("renamed"));
     editor->setWindowTitle(QStringLiteral("renamed[*]"));
     QCOMPARE(tabs->tabText(1), QStringLiteral("renamed*"));
 
