@@ -19,7 +19,6 @@ using namespace Velmora::Framework;
 
 namespace {
 
-// Opens DefaultAggregatable's protected helpers to the test.
 class OpenAggregatable : public DefaultAggregatable
 {
 public:

@@ -20,7 +20,6 @@ namespace {
 const QString genericId = QString::fromLatin1(Iid::IAugmentableGeneric);
 const QString variant = u"selection"_s;
 
-// Claims what it is told to and records what it was handed.
 class RecordingLaunchable : public QObject, public ILaunchable
 {
     Q_OBJECT

@@ -29,7 +29,6 @@ QByteArray meta(const QByteArray &category, const QByteArray &open = "demo.qprj"
     return text;
 }
 
-// An example folder with its project and, when asked, a small picture.
 void writeExample(const QString &folder, const QByteArray &metaText, bool withPicture = false)
 {
     QVERIFY(QDir().mkpath(folder + u"/data"_s));

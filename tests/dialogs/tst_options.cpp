@@ -22,7 +22,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A page that stores one text and can be told to refuse saving.
 class TextPage : public OptionPage
 {
 public:

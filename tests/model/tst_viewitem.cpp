@@ -23,20 +23,16 @@ using namespace Velmora::Tests;
 
 namespace {
 
-// An action that decides its own visibility, and disables itself when asked for its state.
 class AvailabilityAction : public QAction, public IAvailable
 {
     Q_OBJECT
     Q_INTERFACES(Velmora::Framework::IAvailable)
 
 public:
-    AvailabilityAction(const QString &text, bool available, QObject *parent = nullptr)
-        : QAction(text, parent), m_available(available)
-    {
-    }
+    using QAction::QAction;
     bool evaluateAvailability(const ViewItem *, const QList<ViewItem *> &) const override
     {
-        return m_available;
+        return available;
     }
     bool evaluateState(const ViewItem *current, const QList<ViewItem *> &selection) override
     {
@@ -45,10 +41,8 @@ public:
         return false;
     }
 
+    bool available = true;
     QList<QPair<const ViewItem *, QList<ViewItem *>>> evaluations;
-
-private:
-    bool m_available;
 };
 
 // Adds one entry to every node's menu, as the running application's aggregatables do.
@@ -366,10 +360,11 @@ void tst_ViewItem::contextMenuFiltersOrdersAndNamesSelection()
 {
     ItemType *type = m_tree->leaf;
     type->setDefMenus(ItemType::CopyMenu);
-    auto *open = new AvailabilityAction(QStringLiteral("Open _name_ now"), true);
-    auto *hidden = new AvailabilityAction(QStringLiteral("Hidden"), false);
+    auto *open = new AvailabilityAction(QStringLiteral("Open _name_ now"));
+    auto *hidden = new AvailabilityAction(QStringLiteral("Hidden"));
+    hidden->available = false;
     auto *send = new QMenu(QStringLiteral("Send _name_"));
-    auto *inner = new AvailabilityAction(QStringLiteral("Inner"), true, send);
+    auto *inner = new AvailabilityAction(QStringLiteral("Inner"), send);
     send->addAction(inner);
     type->addMenuSeperator(1);
     type->addMenuItem(open, 20);

@@ -15,7 +15,6 @@ using namespace Velmora::Tests;
 
 namespace {
 
-// Gives its nodes a payload and records for which node an editor was asked.
 class TargetType : public TestType
 {
     Q_OBJECT
