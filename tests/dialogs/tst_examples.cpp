@@ -29,16 +29,14 @@ QByteArray meta(const QByteArray &category, const QByteArray &open = "demo.qprj"
     return text;
 }
 
-void writeExample(const QString &folder, const QByteArray &metaText, bool withPicture = false)
+void writeExample(const QString &folder, const QByteArray &metaText)
 {
     QVERIFY(QDir().mkpath(folder + u"/data"_s));
     QVERIFY(writeFile(folder + u"/demo.qprj"_s, "<project/>"));
     QVERIFY(writeFile(folder + u"/data/input.csv"_s, "1,2\n"));
-    if (withPicture) {
-        QImage image(40, 30, QImage::Format_RGB32);
-        image.fill(Qt::darkCyan);
-        QVERIFY(image.save(folder + u"/picture.png"_s));
-    }
+    QImage image(40, 30, QImage::Format_RGB32);
+    image.fill(Qt::darkCyan);
+    QVERIFY(image.save(folder + u"/picture.png"_s));
     QVERIFY(writeFile(folder + u"/meta.ini"_s, metaText));
 }
 
@@ -125,8 +123,7 @@ void tst_ExampleDialog::galleryGroupsAndOpensCopy()
     const QString tidekit = m_dir->filePath(u"tidekit"_s);
     const QString flowdeck = m_dir->filePath(u"flowdeck"_s);
     writeExample(tidekit + u"/b_variant"_s, meta("Tidekit Variant"));
-    writeExample(tidekit + u"/a_script"_s, meta("Tidekit Script", "demo.qprj", "picture.png"),
-                 true);
+    writeExample(tidekit + u"/a_script"_s, meta("Tidekit Script", "demo.qprj", "picture.png"));
     writeExample(flowdeck + u"/diagram"_s, meta("Flowdeck Diagram", "demo.qprj"));
     writeExample(flowdeck + u"/stray"_s, meta("Other Things"));
 
