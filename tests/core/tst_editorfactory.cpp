@@ -1,7 +1,7 @@
 #include "testsupport.h"
+#include "testtypes.h"
 
 #include "core/editorfactory.h"
-#include "core/ieditor.h"
 
 #include <QtCore/qpointer.h>
 #include <QtTest/qsignalspy.h>
@@ -10,6 +10,7 @@
 #include <memory>
 
 using namespace Velmora::Framework;
+using Velmora::Tests::TestEditor;
 
 namespace {
 
@@ -18,18 +19,6 @@ ViewItem *fakeItem(quintptr n)
 {
     return reinterpret_cast<ViewItem *>(n * 0x1000);
 }
-
-class TestEditor : public QWidget, public IEditor, public virtual IBase
-{
-    Q_OBJECT
-    Q_INTERFACES(Velmora::Framework::IEditor Velmora::Framework::IBase)
-
-public:
-    bool queryInterface(const char *iid, IBase **out) override
-    {
-        return queryByMetaCast(this, iid, out);
-    }
-};
 
 class TestFactory : public EditorFactory
 {

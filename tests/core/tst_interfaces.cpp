@@ -8,6 +8,7 @@
 #include "core/defaultgenericaugmentable.h"
 #include "core/orderedif.h"
 
+#include <QtCore/qhash.h>
 #include <QtCore/qsignalmapper.h>
 #include <QtGui/qaction.h>
 #include <QtTest/qsignalspy.h>
@@ -18,7 +19,6 @@ using namespace Velmora::Framework;
 
 namespace {
 
-// Opens DefaultAggregatable's protected helpers to the test.
 class OpenAggregatable : public DefaultAggregatable
 {
 public:
@@ -88,14 +88,11 @@ void tst_Interfaces::queryRule()
     QFETCH(QString, expected);
 
     DefaultAggregatable object;
-    void *expectedPart = nullptr;
-    if (expected == QLatin1String("object"))
-        expectedPart = static_cast<QObject *>(&object);
-    else if (expected == QLatin1String("interface"))
-        expectedPart = static_cast<IAggregatable *>(&object);
-    else if (expected == QLatin1String("base"))
-        expectedPart = static_cast<IBase *>(&object);
-    QCOMPARE(answer(&object, iid.constData()), expectedPart);
+    const QHash<QString, void *> parts{
+        {QStringLiteral("object"), static_cast<QObject *>(&object)},
+        {QStringLiteral("interface"), static_cast<IAggregatable *>(&object)},
+        {QStringLiteral("base"), static_cast<IBase *>(&object)}};
+    QCOMPARE(answer(&object, iid.constData()), parts.value(expected));
 
     IBase *out = &object;
     QVERIFY(!object.queryInterface(nullptr, &out));

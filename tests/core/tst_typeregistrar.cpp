@@ -11,8 +11,7 @@
 
 using namespace Velmora::Framework;
 using namespace Qt::StringLiterals;
-using Velmora::Tests::DerivedTestType;
-using Velmora::Tests::TestType;
+using namespace Velmora::Tests;
 
 static const QString testTypeClass = u"Velmora::Tests::TestType"_s;
 static const QString derivedClass = u"Velmora::Tests::DerivedTestType"_s;

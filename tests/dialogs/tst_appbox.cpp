@@ -16,9 +16,7 @@
 
 using namespace Velmora::Framework;
 using namespace Qt::StringLiterals;
-using Velmora::Tests::ScriptedPrompts;
-using Velmora::Tests::readFile;
-using Velmora::Tests::writeFile;
+using namespace Velmora::Tests;
 
 namespace {
 
@@ -53,7 +51,11 @@ class tst_AppBox : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
+    void init()
+    {
+        Velmora::Tests::failOnUnexpectedWarnings();
+        m_dir = std::make_unique<QTemporaryDir>();
+    }
     void cleanup() { m_dir.reset(); }
     void installWritesAndStarts();
     void unreachableEntryHiddenButKept();
@@ -67,15 +69,8 @@ private:
     QString customFile() const { return m_dir->filePath(u"customApp.xml"_s); }
 };
 
-void tst_AppBox::init()
-{
-    Velmora::Tests::failOnUnexpectedWarnings();
-    m_dir = std::make_unique<QTemporaryDir>();
-}
-
 void tst_AppBox::installWritesAndStarts()
 {
-    VELMORA_SKIP_IF_MESSAGES_RESHAPED();
     const QString folder = m_dir->filePath(u"fitter"_s);
     writeApp(folder, "Fitter");
     AppBox box(customFile());

@@ -1,5 +1,6 @@
 #include "testsupport.h"
 #include "offscreenwindows.h"
+#include "testtypes.h"
 
 #include "dialogs/assistant.h"
 #include "dialogs/guidemenu.h"
@@ -27,7 +28,19 @@ class tst_Assistant : public QObject
     std::unique_ptr<Velmora::Tests::OffscreenWindowNotices> m_notices;
 
 private slots:
-    void initTestCase();
+    void initTestCase()
+    {
+        m_notices = std::make_unique<Velmora::Tests::OffscreenWindowNotices>();
+        // The search index goes to the user's cache; keep it out of the real one.
+        QStandardPaths::setTestModeEnabled(true);
+#ifdef VELMORA_HELP_DIR
+        // A copy, so the build's collection stays as generated.
+        for (const char *name : {"velmora.qhc", "velmora.qch"})
+            QVERIFY(QFile::copy(QDir(QStringLiteral(VELMORA_HELP_DIR)).filePath(QLatin1String(name)),
+                                m_dir.filePath(QLatin1String(name))));
+        m_collection = m_dir.filePath(u"velmora.qhc"_s);
+#endif
+    }
     void cleanupTestCase() { m_notices.reset(); }
     void init() { Velmora::Tests::failOnUnexpectedWarnings(); }
     void showsPageForKey_data();
@@ -41,20 +54,6 @@ private:
     QTemporaryDir m_dir;
     QString m_collection;
 };
-
-void tst_Assistant::initTestCase()
-{
-    m_notices = std::make_unique<Velmora::Tests::OffscreenWindowNotices>();
-    // The search index goes to the user's cache; keep it out of the real one.
-    QStandardPaths::setTestModeEnabled(true);
-#ifdef VELMORA_HELP_DIR
-    // A copy, so the build's collection stays as generated.
-    for (const char *name : {"velmora.qhc", "velmora.qch"})
-        QVERIFY(QFile::copy(QDir(QStringLiteral(VELMORA_HELP_DIR)).filePath(QLatin1String(name)),
-                            m_dir.filePath(QLatin1String(name))));
-    m_collection = m_dir.filePath(u"velmora.qhc"_s);
-#endif
-}
 
 void tst_Assistant::showsPageForKey_data()
 {
@@ -125,10 +124,8 @@ void tst_Assistant::missingCollectionStillWorks()
 void tst_Assistant::guideMenuListsPdfs()
 {
     QTemporaryDir help;
-    for (const QString &name : {u"b-guide.pdf"_s, u"a-guide.pdf"_s, u"notes.txt"_s}) {
-        QFile file(help.filePath(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-    }
+    for (const QString &name : {u"b-guide.pdf"_s, u"a-guide.pdf"_s, u"notes.txt"_s})
+        QVERIFY(Velmora::Tests::writeFile(help.filePath(name), QByteArray()));
     QDir(help.path()).mkdir(u"folder.pdf"_s);
     GuideMenu menu(help.path());
     QStringList texts;

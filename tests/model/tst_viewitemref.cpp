@@ -15,7 +15,6 @@ using namespace Velmora::Tests;
 
 namespace {
 
-// Gives its nodes a payload and records for which node an editor was asked.
 class TargetType : public TestType
 {
     Q_OBJECT
@@ -29,10 +28,6 @@ public:
     {
         requests << qMakePair(id, item);
         return &editor;
-    }
-    QWidget *createItemEditor(ViewItem *item, const QList<EditorInstruction> &list) override
-    {
-        return createItemEditor(QStringLiteral("default"), item, list);
     }
 
     QList<QPair<QString, ViewItem *>> requests;
@@ -72,16 +67,14 @@ void tst_ViewItemRef::forwardsToTargetWhileItLives()
     QCOMPARE(ref.getPropertyBag(), target->getPropertyBag());
     // The reference has no bag of its own.
     QCOMPARE(m_type->getPropertyBagMap().keys(), QList<ViewItem *>{target.get()});
-    QCOMPARE(ref.getEditor(QString(), {}), &m_type->editor);
     QCOMPARE(ref.getEditor(QStringLiteral("text"), {}), &m_type->editor);
-    const QList<QPair<QString, ViewItem *>> asked{{"default", target.get()},
-                                                  {"text", target.get()}};
+    const QList<QPair<QString, ViewItem *>> asked{{"text", target.get()}};
     QCOMPARE(m_type->requests, asked);
 
     target.reset();
     QVERIFY(ref.isNull());
     QCOMPARE(ref.getPropertyBag(), nullptr);
-    QCOMPARE(ref.getEditor(QString(), {}), nullptr);
+    QCOMPARE(ref.getEditor(QStringLiteral("text"), {}), nullptr);
     QCOMPARE(m_type->requests, asked);
     // The snapshot outlives the target.
     QCOMPARE(ref.getItemName(), QStringLiteral("t.m"));

@@ -27,8 +27,7 @@
 
 using namespace Velmora::Framework;
 using namespace Qt::StringLiterals;
-using Velmora::Tests::readFile;
-using Velmora::Tests::writeFile;
+using namespace Velmora::Tests;
 
 namespace {
 
@@ -37,31 +36,6 @@ Interface *service(Environment &environment)
 {
     return interfaceCast<Interface>(environment.facilities());
 }
-
-// Counts a debug line, for what must happen exactly once.
-class LineCounter
-{
-public:
-    explicit LineCounter(const QString &line)
-    {
-        s_line = line;
-        s_count = 0;
-        s_previous = qInstallMessageHandler(&handle);
-    }
-    ~LineCounter() { qInstallMessageHandler(s_previous); }
-    int count() const { return s_count; }
-
-private:
-    static void handle(QtMsgType type, const QMessageLogContext &context, const QString &text)
-    {
-        if (text == s_line)
-            ++s_count;
-        s_previous(type, context, text);
-    }
-    static inline QString s_line;
-    static inline int s_count = 0;
-    static inline QtMessageHandler s_previous = nullptr;
-};
 
 // Every item below parent as "name=path", depth first.
 QStringList paths(ViewItem *parent)
@@ -83,28 +57,31 @@ class tst_TextProvider : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
+    void initTestCase()
+    {
+        QSettings::setDefaultFormat(QSettings::IniFormat);
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
+    }
     void init();
-    void cleanup();
+    void cleanup()
+    {
+        if (m_environment)
+            m_environment->stop(); // shuts the providers down
+        m_environment.reset();
+        m_notices.reset();
+        m_dir.reset();
+        QSettings().clear();
+    }
     void pathsAndBytesSurviveARoundTrip();
     void opensFromTheCommandLine();
     void shutdownWithdrawsOnce();
 
 private:
-    ITypeFile *projectType();
-    ViewItem *openProject(const QString &file);
-
     QTemporaryDir m_settings;
     std::unique_ptr<QTemporaryDir> m_dir;
     std::unique_ptr<Velmora::Tests::OffscreenWindowNotices> m_notices;
     std::unique_ptr<Environment> m_environment;
 };
-
-void tst_TextProvider::initTestCase()
-{
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
-}
 
 void tst_TextProvider::init()
 {
@@ -121,33 +98,6 @@ void tst_TextProvider::init()
     m_environment->start(qApp);
     m_environment->providerManager()->loadAll(plugins);
     QCOMPARE(m_environment->providerManager()->getPrimaryProviders().size(), 1);
-}
-
-void tst_TextProvider::cleanup()
-{
-    if (m_environment)
-        m_environment->stop(); // shuts the providers down
-    m_environment.reset();
-    m_notices.reset();
-    m_dir.reset();
-    QSettings().clear();
-}
-
-ITypeFile *tst_TextProvider::projectType()
-{
-    auto *types = service<ITypeRegistrar>(*m_environment);
-    return interfaceCast<ITypeFile>(types->lookup(u"sample.project"_s));
-}
-
-ViewItem *tst_TextProvider::openProject(const QString &file)
-{
-    auto *types = service<ITypeRegistrar>(*m_environment);
-    ViewItem *project = types->createItem(u"sample.project"_s, QString(), nullptr);
-    if (project && !projectType()->open(project, file)) {
-        delete project;
-        return nullptr;
-    }
-    return project;
 }
 
 // A project read back finds every file where it was, and saving changes no file's bytes
@@ -172,12 +122,20 @@ void tst_TextProvider::pathsAndBytesSurviveARoundTrip()
     </item>
 </project>
 )"));
+    auto *types = service<ITypeRegistrar>(*m_environment);
+    auto *projectType = interfaceCast<ITypeFile>(types->lookup(u"sample.project"_s));
+    const auto openProject = [&] {
+        std::unique_ptr<ViewItem> project(types->createItem(u"sample.project"_s, QString(), nullptr));
+        if (project && !projectType->open(project.get(), projectFile))
+            project.reset();
+        return project;
+    };
     const QStringList expected{u"read me.txt="_s + dir.filePath(u"read me.txt"_s),
                                u"docs="_s + dir.filePath(u"docs"_s),
                                u"deep="_s + dir.filePath(u"docs/deep"_s),
                                u"guide.md="_s + dir.filePath(u"docs/deep/guide.md"_s)};
 
-    std::unique_ptr<ViewItem> first(openProject(projectFile));
+    const std::unique_ptr<ViewItem> first = openProject();
     QVERIFY(first);
     QCOMPARE(paths(first.get()), expected);
     ViewItem *text = first->getChildItemAt(0);
@@ -186,11 +144,11 @@ void tst_TextProvider::pathsAndBytesSurviveARoundTrip()
     // One file read and saved, one saved without being read: both keep their bytes.
     QVERIFY(fileType->open(text, QString()));
     QVERIFY(fileType->save(QList<ViewItem *>{text, guide}));
-    QVERIFY(projectType()->save(first.get(), QString()));
+    QVERIFY(projectType->save(first.get(), QString()));
     QCOMPARE(readFile(dir.filePath(u"read me.txt"_s)), latin1);
     QCOMPARE(readFile(dir.filePath(u"docs/deep/guide.md"_s)), markdown);
 
-    std::unique_ptr<ViewItem> second(openProject(projectFile));
+    const std::unique_ptr<ViewItem> second = openProject();
     QVERIFY(second);
     QCOMPARE(paths(second.get()), expected);
 
@@ -245,10 +203,10 @@ void tst_TextProvider::shutdownWithdrawsOnce()
     {
         // The type registrar's withdrawal writes one debug line each time it runs.
         QLoggingCategory::setFilterRules(u"*.debug=true"_s);
-        LineCounter deallocations(u"Deallocating..."_s);
+        Velmora::Tests::MessageRecorder messages;
         env.providerManager()->shutdownAll();
         QLoggingCategory::setFilterRules(QString());
-        QCOMPARE(deallocations.count(), 1);
+        QCOMPARE(messages.texts.count(u"Deallocating..."_s), 1);
     }
     QVERIFY(!service<ITypeRegistrar>(env)->isRegistered(u"sample.text"_s));
     QVERIFY(!service<IDataRegistrar>(env)->isRegistered(u"TextProvider/extensions"_s));

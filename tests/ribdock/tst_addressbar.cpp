@@ -19,7 +19,11 @@ class tst_AddressBar : public QObject
 
 private slots:
     void init();
-    void cleanup();
+    void cleanup()
+    {
+        m_bar.reset();
+        m_root.reset();
+    }
     void refusesWhatIsNoFolder_data();
     void refusesWhatIsNoFolder();
     void historyGoesBackAndForth();
@@ -44,12 +48,6 @@ void tst_AddressBar::init()
     }
     m_bar = std::make_unique<AddressBar>();
     QVERIFY(m_bar->setPath(m_root->path()));
-}
-
-void tst_AddressBar::cleanup()
-{
-    m_bar.reset();
-    m_root.reset();
 }
 
 void tst_AddressBar::refusesWhatIsNoFolder_data()

@@ -3,6 +3,7 @@
 #include <QtCore/qbytearray.h>
 #include <QtCore/qobject.h>
 #include <QtCore/qregularexpression.h>
+#include <QtCore/qstringlist.h>
 #include <QtTest/qtest.h>
 
 #include <functional>
@@ -21,6 +22,30 @@ inline void failOnUnexpectedWarnings()
     // Qt 6.4 has no argument-less overload; the pattern works on both.
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
 }
+
+// Keeps the text of every message, debug ones included (failOnWarning sees warnings only), for
+// the recorder's life. Make it in init() or a test function, after QtTest has installed its
+// own handler, which still sees every message.
+class MessageRecorder
+{
+public:
+    MessageRecorder()
+    {
+        texts.clear();
+        s_previous = qInstallMessageHandler(&handle);
+    }
+    ~MessageRecorder() { qInstallMessageHandler(s_previous); }
+
+    static inline QStringList texts;
+
+private:
+    static void handle(QtMsgType type, const QMessageLogContext &context, const QString &text)
+    {
+        texts << text;
+        s_previous(type, context, text);
+    }
+    static inline QtMessageHandler s_previous = nullptr;
+};
 
 } // namespace Velmora::Tests
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/ieditor.h"
 #include "core/typeregistrar.h"
 #include "model/viewitem.h"
 #include "types/itemtype.h"
@@ -10,6 +11,7 @@
 #include <QtCore/qdir.h>
 #include <QtCore/qfile.h>
 #include <QtCore/qstring.h>
+#include <QtWidgets/qwidget.h>
 
 namespace Velmora::Tests {
 
@@ -97,6 +99,19 @@ public:
     QStringList calls;
     bool refuseRename = false;
     bool acceptDrop = true;
+};
+
+// A widget that editor factories keep and hand out again, as they do real editors.
+class TestEditor : public QWidget, public Velmora::Framework::IEditor
+{
+    Q_OBJECT
+    Q_INTERFACES(Velmora::Framework::IEditor Velmora::Framework::IBase)
+
+public:
+    bool queryInterface(const char *iid, Velmora::Framework::IBase **out) override
+    {
+        return Velmora::Framework::queryByMetaCast(this, iid, out);
+    }
 };
 
 // A registrar with a "folder" type that accepts folders and "leaf" items, and a "leaf" type

@@ -18,49 +18,40 @@ namespace {
 const QString catalogue =
     QStringLiteral(VELMORA_SOURCE_DIR "/framework/resources/translations/qelshared_zh.ts");
 
-struct Message
-{
-    QString key;         // context, source and comment: what identifies a text
-    QString translation;
-    QString type;        // the translation's type attribute: unfinished, vanished, obsolete
-};
-
-// The messages of a .ts file; false when it cannot be read or parsed.
-bool readCatalogue(const QString &path, QList<Message> *messages)
+// The key (context, source and comment) of every message of a .ts file, and in open those not
+// finished: an empty translation, or one typed unfinished, vanished or obsolete. False when
+// the file cannot be read or parsed.
+bool readCatalogue(const QString &path, QStringList *keys, QStringList *open)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return false;
     QXmlStreamReader xml(&file);
-    QString context;
-    Message message;
+    QString context, key, type, translation;
     while (!xml.atEnd()) {
         xml.readNext();
-        if (xml.isEndElement() && xml.name() == "message"_L1)
-            messages->append(message);
+        if (xml.isEndElement() && xml.name() == "message"_L1) {
+            keys->append(key);
+            if (!type.isEmpty() || translation.isEmpty())
+                open->append(type + u' ' + key);
+        }
         if (!xml.isStartElement())
             continue;
         const auto name = xml.name();
         if (name == "name"_L1) {
             context = xml.readElementText();
         } else if (name == "message"_L1) {
-            message = Message{context, QString(), QString()};
+            key = context;
+            type.clear();
+            translation.clear();
         } else if (name == "source"_L1 || name == "comment"_L1) {
-            message.key += u'\x1f' + xml.readElementText();
+            key += u'\x1f' + xml.readElementText();
         } else if (name == "translation"_L1) {
-            message.type = xml.attributes().value("type"_L1).toString();
-            message.translation = xml.readElementText(QXmlStreamReader::IncludeChildElements);
+            type = xml.attributes().value("type"_L1).toString();
+            translation = xml.readElementText(QXmlStreamReader::IncludeChildElements);
         }
     }
     return !xml.hasError();
-}
-
-QSet<QString> keys(const QList<Message> &messages)
-{
-    QSet<QString> result;
-    for (const Message &message : messages)
-        result.insert(message.key);
-    return result;
 }
 
 QString readable(QStringList keys)
@@ -82,14 +73,9 @@ private slots:
     // exactly the texts that the catalogue holds.
     void catalogueIsFinishedAndCurrent()
     {
-        QList<Message> committed;
-        QVERIFY2(readCatalogue(catalogue, &committed), qPrintable(catalogue));
+        QStringList committed, open;
+        QVERIFY2(readCatalogue(catalogue, &committed, &open), qPrintable(catalogue));
         QVERIFY(!committed.isEmpty());
-        QStringList open;
-        for (const Message &message : std::as_const(committed)) {
-            if (!message.type.isEmpty() || message.translation.isEmpty())
-                open.append(message.type + u' ' + message.key);
-        }
         QVERIFY2(open.isEmpty(), qPrintable(u"Unfinished or obsolete texts:\n"_s + readable(open)));
 
         QTemporaryDir scratch;
@@ -104,9 +90,10 @@ private slots:
         QVERIFY2(lupdate.exitStatus() == QProcess::NormalExit && lupdate.exitCode() == 0,
                  lupdate.readAll().constData());
 
-        QList<Message> found;
-        QVERIFY(readCatalogue(fresh, &found));
-        const QSet<QString> inSources = keys(found), inCatalogue = keys(committed);
+        QStringList found, unfinished;
+        QVERIFY(readCatalogue(fresh, &found, &unfinished));
+        const QSet<QString> inSources(found.begin(), found.end());
+        const QSet<QString> inCatalogue(committed.begin(), committed.end());
         const QStringList missing = (inSources - inCatalogue).values();
         const QStringList stale = (inCatalogue - inSources).values();
         QVERIFY2(missing.isEmpty() && stale.isEmpty(),

