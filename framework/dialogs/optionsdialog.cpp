@@ -164,9 +164,8 @@ bool OptionsDialog::registerOptionPage(const OptionTopItem &topItem, OptionPage 
     d->pageByItem.insert(item, page);
     d->stack->addWidget(page);
     // A provider may delete its page itself; the tree must not keep pointing at it.
-    connect(page, &QObject::destroyed, this, [this](QObject *object) {
-        removePage(static_cast<OptionPage *>(object));
-    });
+    // By then only its QObject part is left, so the pointer is kept, not cast back.
+    connect(page, &QObject::destroyed, this, [this, page] { removePage(page); });
     connect(page, &OptionPage::changed, this, [this] { d->applyButton->setEnabled(true); });
     if (isVisible())
         Internal::withSettings(d->settings, [page](QSettings &settings) { page->load(settings); });
