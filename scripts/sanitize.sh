@@ -6,9 +6,13 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
 
+# The thread sanitizer runs the tests of the threaded layers (locks, registrars, model, item
+# types). Tests that paint windows or run the help browser start Qt's own threads (the raster
+# engine's fill pool, the help search), whose synchronisation it cannot see in an
+# uninstrumented Qt: every report there is inside Qt.
 case "${1:-}" in
-    asan) sanitizer=address ;;
-    tsan) sanitizer=thread ;;
+    asan) sanitizer=address tests=(-LE install) ;;
+    tsan) sanitizer=thread tests=(-L 'core|model|types') ;;
     *) echo "usage: $0 asan|tsan" >&2; exit 2 ;;
 esac
 ensure_packages "${VELMORA_BUILD_PACKAGES[@]}"
@@ -20,4 +24,4 @@ cd "$build"
 export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
 export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 export TSAN_OPTIONS="halt_on_error=1:second_deadlock_stack=1:suppressions=$PWD/../tests/tsan.supp"
-QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j"$(nproc)" -LE install
+QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j"$(nproc)" "${tests[@]}"
