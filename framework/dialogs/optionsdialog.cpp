@@ -26,7 +26,7 @@ public:
     QTreeWidgetItem *topItemFor(const OptionTopItem &topItem);
     OptionPage *pageOf(const QTreeWidgetItem *item) const { return pageByItem.value(item); }
     OptionPage *chosenPage() const;
-    void showChosenPage();
+    void showPage(OptionPage *page);
 
     QPointer<QSettings> settings;
     QTreeWidget *tree = nullptr;
@@ -64,9 +64,8 @@ OptionPage *OptionsDialogPrivate::chosenPage() const
     return item ? pageOf(item) : nullptr;
 }
 
-void OptionsDialogPrivate::showChosenPage()
+void OptionsDialogPrivate::showPage(OptionPage *page)
 {
-    OptionPage *page = chosenPage();
     stack->setCurrentWidget(page ? static_cast<QWidget *>(page) : noPage);
 }
 
@@ -125,7 +124,7 @@ OptionsDialog::OptionsDialog(QWidget *parent)
         OptionPage *page = d->chosenPage();
         d->pageTitle->setText(page ? page->title() : QString());
         if (isVisible())
-            d->showChosenPage();
+            d->showPage(page);
     });
 }
 
@@ -268,7 +267,7 @@ void OptionsDialog::accept()
 void OptionsDialog::setVisible(bool visible)
 {
     if (visible)
-        d->showChosenPage();
+        d->showPage(d->chosenPage());
     QDialog::setVisible(visible);
 }
 

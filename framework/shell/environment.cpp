@@ -73,7 +73,7 @@ QString styleSheet(const QString &resource)
 
 QIcon icon(const char *resource)
 {
-    return resource ? lazyIcon(QString::fromLatin1(resource)) : QIcon();
+    return lazyIcon(QString::fromLatin1(resource)); // none for a null resource
 }
 
 } // namespace
